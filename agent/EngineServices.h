@@ -1,0 +1,62 @@
+#pragma once
+
+#include "agent/acs/CharacterData.h"
+
+#include <QObject>
+#include <QString>
+
+#include <vector>
+
+// The seams between the engine's character runtime and its speech parts, so that each can
+// be built and tested alone and the runtime can run with test doubles.
+namespace agent {
+
+// The voice of the loaded character, from its file's voice info.
+struct VoiceDefaults {
+    int pitchHz = 0;
+    int speedWpm = 0;
+    int gender = 0; // 0 neutral, 1 female, 2 male
+};
+
+// Speaks one utterance at a time. The text may hold the speech tags (\chr=, \pit=, \spd=,
+// \vol=, \map=). Progress comes back as signals on the GUI thread.
+class SpeechOutput : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    // True when speech can be produced (the synthesiser and its data loaded).
+    virtual bool available() const = 0;
+    virtual void speak(const QString& taggedText, const VoiceDefaults& voice) = 0;
+    // Cuts the current utterance short; finished(false) follows.
+    virtual void stop() = 0;
+
+signals:
+    // The balloon text shown so far: grows word by word as the words are heard.
+    void balloonTextChanged(const QString& shownSoFar);
+    void mouthChanged(agent::acs::Mouth mouth);
+    // ok is false when the utterance could not be spoken or was stopped.
+    void finished(bool ok);
+};
+
+// One entry of the character's command list as the recogniser needs it.
+struct VoicePhrase {
+    QString name;
+    QString voice; // a phrase, or alternatives "(a | b)"
+};
+
+// Listens for the voice texts of the enabled commands.
+class SpeechRecognizer : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    // True when the recogniser and its acoustic model load.
+    virtual bool installed() const = 0;
+    // The user's switch on the property sheet.
+    virtual bool enabled() const = 0;
+    virtual void setPhrases(const std::vector<VoicePhrase>& phrases) = 0;
+
+signals:
+    void commandRecognized(const QString& name);
+};
+
+} // namespace agent
