@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtGlobal>
+#include <algorithm>
+#include <vector>
+
+namespace agent::speech
+{
+
+// Values that take effect at sample positions of an utterance, in the order they were added
+// (the synthesiser reports them in time order).
+template <typename T> class SampleTimeline
+{
+public:
+    void add(qint64 sample, T value) { m_marks.push_back({sample, value}); }
+
+    // The value of the last mark at or before the sample, or the fallback before the first.
+    T at(qint64 sample, T fallback) const
+    {
+        const auto next = std::upper_bound(
+            m_marks.begin(), m_marks.end(), sample,
+            [](qint64 position, const Mark& mark) { return position < mark.sample; });
+        return next == m_marks.begin() ? fallback : std::prev(next)->value;
+    }
+
+    bool empty() const { return m_marks.empty(); }
+
+private:
+    struct Mark {
+        qint64 sample;
+        T value;
+    };
+    std::vector<Mark> m_marks;
+};
+
+} // namespace agent::speech

@@ -1,0 +1,180 @@
+#include "agent/speech/SpeechTags.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace agent::speech
+{
+
+namespace
+{
+
+constexpr QChar Backslash = u'\\';
+constexpr QChar Quote = u'"';
+
+// Reads the tag at text[pos] (a backslash). The tag runs up to its closing backslash; quoted
+// values may hold backslashes of their own.
+class TagReader
+{
+public:
+    TagReader(const QString& text, qsizetype pos) : m_text(text), m_pos(pos + 1) {}
+
+    // The tag's name, or nothing when the backslash does not start "name=".
+    std::optional<QString> name()
+    {
+        const qsizetype start = m_pos;
+        while (m_pos < m_text.size() && m_text[m_pos].isLetter())
+            ++m_pos;
+        if (m_pos == start || m_pos >= m_text.size() || m_text[m_pos] != u'=')
+            return std::nullopt;
+        const QString result = m_text.mid(start, m_pos - start).toLower();
+        ++m_pos;
+        return result;
+    }
+
+    std::optional<QString> quoted()
+    {
+        if (m_pos >= m_text.size() || m_text[m_pos] != Quote)
+            return std::nullopt;
+        const qsizetype close = m_text.indexOf(Quote, m_pos + 1);
+        if (close < 0)
+            return std::nullopt;
+        const QString result = m_text.mid(m_pos + 1, close - m_pos - 1);
+        m_pos = close + 1;
+        return result;
+    }
+
+    bool literal(QChar c)
+    {
+        if (m_pos >= m_text.size() || m_text[m_pos] != c)
+            return false;
+        ++m_pos;
+        return true;
+    }
+
+    std::optional<int> number()
+    {
+        const qsizetype start = m_pos;
+        while (m_pos < m_text.size() && m_text[m_pos].isDigit())
+            ++m_pos;
+        bool ok = false;
+        const int value = m_text.mid(start, m_pos - start).toInt(&ok);
+        return ok ? std::optional<int>(value) : std::nullopt;
+    }
+
+    // True when the tag ends here with its closing backslash.
+    bool close() { return literal(Backslash); }
+
+    // Where the text goes on after a tag that could not be read: past the next backslash.
+    qsizetype skipMalformed() const
+    {
+        const qsizetype next = m_text.indexOf(Backslash, m_pos);
+        return next < 0 ? m_text.size() : next + 1;
+    }
+
+    qsizetype position() const { return m_pos; }
+
+private:
+    const QString& m_text;
+    qsizetype m_pos;
+};
+
+class SegmentBuilder
+{
+public:
+    explicit SegmentBuilder(const VoiceParams& start) : m_voice(start) {}
+
+    void appendPlain(const QString& shown, const QString& spoken)
+    {
+        if (m_segments.empty() || m_segments.back().mapped || !(m_segments.back().voice == m_voice))
+            m_segments.push_back({QString(), QString(), false, m_voice});
+        m_segments.back().shown += shown;
+        m_segments.back().spoken += spoken;
+    }
+
+    void appendMapped(const QString& spoken, const QString& shown)
+    {
+        m_segments.push_back({spoken, shown, true, m_voice});
+    }
+
+    VoiceParams& voice() { return m_voice; }
+    std::vector<SpeechSegment> take() { return std::move(m_segments); }
+
+private:
+    VoiceParams m_voice;
+    std::vector<SpeechSegment> m_segments;
+};
+
+// Applies the tag at text[pos]; returns where the text goes on, or nothing when the backslash
+// starts no tag at all.
+std::optional<qsizetype> applyTag(const QString& text, qsizetype pos, SegmentBuilder& out)
+{
+    TagReader reader(text, pos);
+    const std::optional<QString> name = reader.name();
+    if (!name)
+        return std::nullopt;
+
+    VoiceParams& voice = out.voice();
+    if (*name == u"chr") {
+        const std::optional<QString> value = reader.quoted();
+        if (value && reader.close()) {
+            if (value->compare(u"normal", Qt::CaseInsensitive) == 0) {
+                voice.whisper = false;
+                return reader.position();
+            }
+            if (value->compare(u"whisper", Qt::CaseInsensitive) == 0) {
+                voice.whisper = true;
+                return reader.position();
+            }
+        }
+    } else if (*name == u"pit" || *name == u"spd" || *name == u"vol") {
+        const std::optional<int> value = reader.number();
+        if (value && reader.close()) {
+            if (*name == u"pit")
+                voice.pitchHz = *value;
+            else if (*name == u"spd")
+                voice.speedWpm = *value;
+            else
+                voice.volume = std::min(*value, 65535);
+            return reader.position();
+        }
+    } else if (*name == u"map") {
+        const std::optional<QString> spoken = reader.quoted();
+        if (spoken && reader.literal(u'=')) {
+            const std::optional<QString> shown = reader.quoted();
+            if (shown && reader.close()) {
+                out.appendMapped(*spoken, *shown);
+                return reader.position();
+            }
+        }
+    }
+    return reader.skipMalformed();
+}
+
+} // namespace
+
+std::vector<SpeechSegment> parseSpeechTags(const QString& text, const VoiceParams& start)
+{
+    SegmentBuilder out(start);
+    qsizetype pos = 0;
+    while (pos < text.size()) {
+        const qsizetype tag = text.indexOf(Backslash, pos);
+        const qsizetype plainEnd = tag < 0 ? text.size() : tag;
+        if (plainEnd > pos) {
+            const QString plain = text.mid(pos, plainEnd - pos);
+            out.appendPlain(plain, plain);
+        }
+        if (tag < 0)
+            break;
+        if (const std::optional<qsizetype> next = applyTag(text, tag, out)) {
+            pos = *next;
+        } else {
+            // Kept in the balloon, but a space for the synthesiser, which would say its name.
+            out.appendPlain(QString(Backslash), QStringLiteral(" "));
+            pos = tag + 1;
+        }
+    }
+    return out.take();
+}
+
+} // namespace agent::speech
