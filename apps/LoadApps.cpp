@@ -1,0 +1,3 @@
+#include "apps/LoadApps.h"
+
+void LoadApps(App&) {}

@@ -1,0 +1,4 @@
+#include "core/frmMain.h"
+
+void frmMain::mnuQuorlTime_Click() {}
+void frmMain::mnuQuorlDate_Click() {}

@@ -1,0 +1,3 @@
+#include "clock/Greet.h"
+
+void Greet(App&) {}

@@ -1,0 +1,3 @@
+#include "core/frmMain.h"
+
+void frmMain::Agent1_Command(const platform::UserInput&) {}

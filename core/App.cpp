@@ -1,0 +1,7 @@
+#include "core/App.h"
+
+#include "core/frmMain.h"
+
+App::App(platform::Platform& platform) : P(platform), Settings(platform.store) {}
+
+App::~App() = default;

@@ -1,0 +1,138 @@
+#include "core/Main.h"
+
+#include "apps/LoadApps.h"
+#include "clock/Greet.h"
+#include "core/App.h"
+#include "core/AppPath.h"
+#include "core/Controls.h"
+#include "core/Conversions.h"
+#include "core/ReportError.h"
+#include "core/frmMain.h"
+#include "notes/LoadNotes.h"
+#include "settings/LoadSettings.h"
+
+#include <QAction>
+#include <QPushButton>
+
+using platform::BoxButtons;
+using platform::BoxIcon;
+
+namespace {
+
+// Settings of generation 42 and older kept a topmost flag that no longer means the same.
+void MigrateSettings(App& app)
+{
+    if (Conversions::Val(app.Settings.ReadText(QStringLiteral("Version"))) <= 42) {
+        app.Settings.Write(QStringLiteral("Top"), QStringLiteral("0"));
+        app.Settings.Write(QStringLiteral("Version"), QStringLiteral("43"));
+    }
+}
+
+void LoadMainForm(App& app)
+{
+    app.Agent1 = app.P.createAgent();
+    app.MainForm = std::make_unique<frmMain>(app);
+    app.Agent1->setEventSink(app.MainForm.get());
+    app.MainForm->Form_Load();
+}
+
+} // namespace
+
+void Main(App& app)
+{
+    try {
+        if (app.P.instance.PreviousInstanceRunning()) {
+            app.P.dialogs.MsgBox(BoxIcon::Warning, BoxButtons::OK, QStringLiteral("Quorl"),
+                                 QStringLiteral("Quorl is already running!"));
+            app.P.process.End();
+        }
+        app.AppPath = PrepareAppPath();
+        app.ConfirmPending = false;
+        app.ModalOpen = 0;
+        MigrateSettings(app);
+        LoadMainForm(app);
+        CheckSpeechEngines(app);
+    } catch (const platform::RuntimeError& error) {
+        ReportError(app, true, 3.1f, error);
+        return;
+    }
+    try {
+        LoadSettings(app);
+        UpdateReadingControls(app);
+        LoadApps(app);
+        LoadNotes(app);
+        Greet(app);
+    } catch (const platform::RuntimeError& error) {
+        ReportError(app, true, 3.2f, error);
+    }
+}
+
+void CheckSpeechEngines(App& app)
+{
+    platform::Agent& agent = *app.Agent1;
+    auto& dialogs = app.P.dialogs;
+    RunSteps(app, true, 11.0f, {
+        [&] {
+            if (agent.AudioOutputEnabled())
+                return;
+            dialogs.MsgBox(
+                BoxIcon::Critical, BoxButtons::OK, QStringLiteral("Speech is disabled"),
+                QStringLiteral("Speech output is not installed or has been disabled. Visit ") +
+                    HomePageUrl +
+                    QStringLiteral(" to download a speech engine. If you have already done that, "
+                                   "click the right mouse button on Microsoft Agent icon on your "
+                                   "system tray, click on 'Microsoft Agent Properties'. In the "
+                                   "'Output' tab, check all the check boxes."));
+            app.P.process.End();
+        },
+        [&] {
+            if (agent.SpeechInputInstalled())
+                return;
+            dialogs.MsgBox(BoxIcon::Plain, BoxButtons::OK,
+                           QStringLiteral("Speech Engine not Installed"),
+                           QStringLiteral("You don't have a compatible input speech engine "
+                                          "installed, visit ") +
+                               HomePageUrl +
+                               QStringLiteral(" to download the Command and Control Engine."));
+            app.P.process.End();
+        },
+        [&] {
+            if (agent.SpeechInputEnabled())
+                return;
+            agent.setPropertySheetPage(QStringLiteral("Speech"));
+            agent.setPropertySheetVisible(true);
+            dialogs.MsgBox(BoxIcon::Critical, BoxButtons::OK,
+                           QStringLiteral("Enable Speech Engine"),
+                           QStringLiteral("Speech engine is not enabled. Please enable Speech Input "
+                                          "and then press Ok. Otherwise, input features of Quorl "
+                                          "will not work."));
+        },
+    });
+}
+
+bool ReadingActive(const App& app)
+{
+    return Conversions::Val(Tag(app.MainForm->mnuFileRead)) == 1 || app.ReadingClip;
+}
+
+void UpdateReadingControls(App& app)
+{
+    frmMain& f = *app.MainForm;
+    const bool reading = ReadingActive(app);
+    RunSteps(app, false, 13.0f, {
+        [&] { f.mnuFileOptions->setEnabled(!reading); },
+        [&] { f.cmdOptions->setEnabled(!reading); },
+        [&] { f.mnuQuorlApp->setEnabled(!reading); },
+        [&] { f.cmdStop->setEnabled(reading); },
+        [&] {
+            if (!reading)
+                f.cmdNext->setEnabled(false);
+            else if (!app.ReadingClip)
+                f.cmdNext->setEnabled(true);
+        },
+        [&] { f.cmdCont->setEnabled(reading); },
+        [&] { f.cmdShow->setEnabled(!reading); },
+        [&] { f.mnuFileRead->setEnabled(!reading); },
+        [&] { f.Read->setEnabled(!reading); },
+    });
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+struct App;
+
+// The program's entry routine: refuses a second instance, migrates old settings, loads the
+// main window with the character control, tests the speech engines and brings up settings,
+// character, applications, notes and the greeting. Events drive the program afterwards.
+void Main(App& app);
+
+void CheckSpeechEngines(App& app);
+
+// Enables the reading controls by whether a reading is active.
+void UpdateReadingControls(App& app);
+
+// Whether a file or a long text is being read.
+bool ReadingActive(const App& app);

@@ -1,0 +1,236 @@
+#include "core/frmMain.h"
+
+#include "core/App.h"
+#include "core/Conversions.h"
+#include "core/Guard.h"
+#include "info/frmSplash.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+QPushButton* button(const QString& caption, const QString& toolTip, QWidget* parent)
+{
+    auto* b = new QPushButton(caption, parent);
+    b->setToolTip(toolTip);
+    return b;
+}
+
+QSlider* slider(int minimum, int maximum, int tick, const QString& toolTip, QWidget* parent)
+{
+    auto* s = new QSlider(Qt::Horizontal, parent);
+    s->setRange(minimum, maximum);
+    s->setTickInterval(tick);
+    s->setTickPosition(QSlider::TicksBelow);
+    s->setToolTip(toolTip);
+    return s;
+}
+
+} // namespace
+
+frmMain::frmMain(App& app) : app(app)
+{
+    setWindowTitle(QStringLiteral("Quorl"));
+    auto* central = new QWidget(this);
+    auto* row = new QHBoxLayout(central);
+    buildReadingControls(central);
+    buildVoicePanel(central);
+    row->addWidget(Frame2);
+    row->addWidget(Frame1);
+    row->setSizeConstraint(QLayout::SetNoConstraint);
+    setCentralWidget(central);
+    buildMenus();
+
+    Timer2 = new QTimer(this);
+    Timer2->setInterval(100);
+    RemindTimer = new QTimer(this);
+    RemindTimer->setInterval(60000);
+
+    connectHandlers();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::buildReadingControls(QWidget* parent)
+{
+    Frame2 = new QGroupBox(QStringLiteral("Quorl"), parent);
+    auto* grid = new QGridLayout(Frame2);
+    txtText = new QPlainTextEdit(Frame2);
+    cmdShow = button(QStringLiteral("&Show"), QStringLiteral(" Show the character "), Frame2);
+    cmdTalk = button(QStringLiteral("Sa&y It!"), QStringLiteral(" Read from the text box above "),
+                     Frame2);
+    cmdTalk->setDefault(true);
+    Read = button(QStringLiteral("&Read From ClipBoard."),
+                  QStringLiteral(" Read the text available in the clipboard "), Frame2);
+    cmdCont = button(QStringLiteral("&Pause"),
+                     QStringLiteral(" Pause or Continue reading from the file "), Frame2);
+    cmdNext = button(QStringLiteral("&Next"), QStringLiteral("Next paragraph"), Frame2);
+    cmdStop = button(QStringLiteral("&Stop"), QStringLiteral(" Stop reading this file "), Frame2);
+    cmdOptions = button(QStringLiteral("&Options"), QStringLiteral("Quorl Options"), Frame2);
+    Command1 = button(QStringLiteral("_"), QString(), Frame2);
+    ProgressBar1 = new QProgressBar(Frame2);
+    ProgressBar1->setMinimum(0);
+    ProgressBar1->setMaximum(100);
+    ProgressBar1->setTextVisible(false);
+    Label5 = new QLabel(
+        QStringLiteral("Double click on Quorl icon in the system tray to Show/Hide Quorl"), Frame2);
+    Label5->setWordWrap(true);
+
+    grid->addWidget(txtText, 0, 0, 1, 4);
+    grid->addWidget(cmdTalk, 1, 0);
+    grid->addWidget(Read, 1, 1, 1, 2);
+    grid->addWidget(cmdShow, 1, 3);
+    grid->addWidget(cmdCont, 2, 0);
+    grid->addWidget(cmdNext, 2, 1);
+    grid->addWidget(cmdStop, 2, 2);
+    grid->addWidget(cmdOptions, 2, 3);
+    grid->addWidget(ProgressBar1, 3, 0, 1, 4);
+    grid->addWidget(Label5, 4, 0, 1, 3);
+    grid->addWidget(Command1, 4, 3);
+}
+
+void frmMain::buildVoicePanel(QWidget* parent)
+{
+    Frame1 = new QGroupBox(QStringLiteral("Voice Settings"), parent);
+    auto* grid = new QGridLayout(Frame1);
+    sdrPitch = slider(50, 400, 25, QStringLiteral(" Sets the pitch of the speech output "), Frame1);
+    sdrSpeed = slider(50, 250, 20,
+                      QStringLiteral(" Sets the average talking speed, in words per minute "),
+                      Frame1);
+    sdrVolume = slider(1, 65535, 5000, QStringLiteral(" Sets the speaking volume "), Frame1);
+    chkWhisper = new QCheckBox(QStringLiteral("&Whisper"), Frame1);
+    chkWhisper->setToolTip(QStringLiteral(" Make the character whisper "));
+    chkBalloon = new QCheckBox(QStringLiteral("Hide &Balloon"), Frame1);
+    chkBalloon->setToolTip(QStringLiteral("Hide the character balloon when reading"));
+    cmdDefaults = button(QStringLiteral("&Defaults"),
+                         QStringLiteral(" Set voice settings to character default values "), Frame1);
+    chkIgnore = new QCheckBox(QStringLiteral("When reading &ignore:"), Frame1);
+    chkIgnore->setToolTip(
+        QStringLiteral("You can enter one or two characters that will not be read by Quorl"));
+    txtIgnore = new QLineEdit(Frame1);
+    txtIgnore->setMaxLength(1);
+    txtIgnore1 = new QLineEdit(Frame1);
+    txtIgnore1->setMaxLength(1);
+
+    grid->addWidget(new QLabel(QStringLiteral("Pitch:"), Frame1), 0, 0);
+    grid->addWidget(sdrPitch, 0, 1, 1, 3);
+    grid->addWidget(new QLabel(QStringLiteral("Speed:"), Frame1), 1, 0);
+    grid->addWidget(sdrSpeed, 1, 1, 1, 3);
+    grid->addWidget(new QLabel(QStringLiteral("Volume:"), Frame1), 2, 0);
+    grid->addWidget(sdrVolume, 2, 1, 1, 3);
+    grid->addWidget(chkWhisper, 3, 0, 1, 2);
+    grid->addWidget(chkBalloon, 3, 2, 1, 2);
+    grid->addWidget(cmdDefaults, 4, 0, 1, 4);
+    grid->addWidget(chkIgnore, 5, 0, 1, 4);
+    grid->addWidget(txtIgnore, 6, 0);
+    grid->addWidget(new QLabel(QStringLiteral("and"), Frame1), 6, 1);
+    grid->addWidget(txtIgnore1, 6, 2);
+}
+
+void frmMain::buildMenus()
+{
+    auto add = [this](QMenu* menu, const QString& caption, const QKeySequence& shortcut = {}) {
+        QAction* action = menu->addAction(caption);
+        action->setShortcut(shortcut);
+        return action;
+    };
+    mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
+    mnuFileRead = add(mnuFile, QStringLiteral("&Read Text File"), QKeySequence(QStringLiteral("Ctrl+R")));
+    mnuFile->addSeparator();
+    mnuFileOptions = add(mnuFile, QStringLiteral("&Options"));
+    mnuFileAgent = add(mnuFile, QStringLiteral("Microsoft Agent &Properties"));
+    mnuFileSavenow = add(mnuFile, QStringLiteral("Save Settings &Now"), QKeySequence(QStringLiteral("Ctrl+S")));
+    mnuFileSave = add(mnuFile, QStringLiteral("&Save Settings on Exit"));
+    mnuFileSave->setCheckable(true);
+    mnuFileSave->setChecked(true);
+    mnuFile->addSeparator();
+    mnuFileInstall = add(mnuFile, QStringLiteral("&Install Microsoft Agent"));
+    mnuFileDownload = add(mnuFile, QStringLiteral("&Download More Characters"));
+    mnuFile->addSeparator();
+    mnuFileExit = add(mnuFile, QStringLiteral("E&xit"));
+
+    mnuView = menuBar()->addMenu(QStringLiteral("&View"));
+    mnuViewTop = add(mnuView, QStringLiteral("Always On &Top"), QKeySequence(QStringLiteral("Ctrl+O")));
+    mnuViewTop->setCheckable(true);
+    mnuViewVoice = add(mnuView, QStringLiteral("&Voice Settings"));
+    mnuViewVoice->setCheckable(true);
+    mnuViewVoice->setChecked(true);
+
+    mnuQuorl = menuBar()->addMenu(QStringLiteral("Q&uorl"));
+    mnuQuorlTime = add(mnuQuorl, QStringLiteral("Say the &Time"), QKeySequence(QStringLiteral("Ctrl+T")));
+    mnuQuorlDate = add(mnuQuorl, QStringLiteral("Say the &Date"), QKeySequence(QStringLiteral("Ctrl+D")));
+    mnuQuorl->addSeparator();
+    mnuQuorlApp = add(mnuQuorl, QStringLiteral("Voice Activated &Applications"));
+    mnuQuorlReminders = add(mnuQuorl, QStringLiteral("&Notes && Reminders"));
+
+    mnuAbout = menuBar()->addMenu(QStringLiteral("&About"));
+    mnuAboutSite = add(mnuAbout, QStringLiteral("&Visit Quorl Home Page"));
+    mnuAbout->addSeparator();
+    mnuAboutSplash = add(mnuAbout, QStringLiteral("&Splash Screen"));
+    mnuAboutAbout = add(mnuAbout, QStringLiteral("&About Quorl"), QKeySequence(QStringLiteral("Ctrl+A")));
+}
+
+void frmMain::connectHandlers()
+{
+    auto on = [this](auto* sender, auto signal, const char* name, void (frmMain::*handler)()) {
+        connect(sender, signal, this, Guarded(name, [this, handler] { (this->*handler)(); }));
+    };
+    on(cmdShow, &QPushButton::clicked, "cmdShow_Click", &frmMain::cmdShow_Click);
+    on(cmdDefaults, &QPushButton::clicked, "cmdDefaults_Click", &frmMain::cmdDefaults_Click);
+    on(sdrPitch, &QSlider::valueChanged, "sdrPitch_Change", &frmMain::sdrPitch_Change);
+    on(sdrSpeed, &QSlider::valueChanged, "sdrSpeed_Change", &frmMain::sdrSpeed_Change);
+    on(sdrVolume, &QSlider::valueChanged, "sdrVolume_Change", &frmMain::sdrVolume_Change);
+    // These two routines turn their own check marks over, so Qt's toggle is taken back first.
+    auto onChecked = [this](QAction* action, const char* name, void (frmMain::*handler)()) {
+        connect(action, &QAction::triggered, this,
+                [this, action, name, handler](bool checked) {
+                    action->setChecked(!checked);
+                    RunGuarded(name, [this, handler] { (this->*handler)(); });
+                });
+    };
+    onChecked(mnuViewVoice, "mnuViewVoice_Click", &frmMain::mnuViewVoice_Click);
+    onChecked(mnuViewTop, "mnuViewTop_Click", &frmMain::mnuViewTop_Click);
+    on(mnuQuorlTime, &QAction::triggered, "mnuQuorlTime_Click", &frmMain::mnuQuorlTime_Click);
+    on(mnuQuorlDate, &QAction::triggered, "mnuQuorlDate_Click", &frmMain::mnuQuorlDate_Click);
+    on(mnuFileRead, &QAction::triggered, "mnuFileRead_Click", &frmMain::mnuFileRead_Click);
+    on(Timer2, &QTimer::timeout, "Timer2_Timer", &frmMain::Timer2_Timer);
+    on(cmdStop, &QPushButton::clicked, "cmdStop_Click", &frmMain::cmdStop_Click);
+    on(cmdCont, &QPushButton::clicked, "cmdCont_Click", &frmMain::cmdCont_Click);
+    on(cmdNext, &QPushButton::clicked, "cmdNext_Click", &frmMain::cmdNext_Click);
+    on(cmdTalk, &QPushButton::clicked, "cmdTalk_Click", &frmMain::cmdTalk_Click);
+    on(Read, &QPushButton::clicked, "Read_Click", &frmMain::Read_Click);
+    on(chkIgnore, &QCheckBox::clicked, "chkIgnore_Click", &frmMain::chkIgnore_Click);
+    on(mnuQuorlReminders, &QAction::triggered, "mnuQuorlReminders_Click",
+       &frmMain::mnuQuorlReminders_Click);
+    on(mnuFileSavenow, &QAction::triggered, "mnuFileSavenow_Click", &frmMain::mnuFileSavenow_Click);
+    on(mnuFileExit, &QAction::triggered, "mnuFileExit_Click", &frmMain::mnuFileExit_Click);
+}
+
+int frmMain::LeftTwips() const { return x() * app.P.screen.TwipsPerPixelX(); }
+int frmMain::TopTwips() const { return y() * app.P.screen.TwipsPerPixelY(); }
+int frmMain::WidthTwips() const { return width() * app.P.screen.TwipsPerPixelX(); }
+int frmMain::HeightTwips() const { return height() * app.P.screen.TwipsPerPixelY(); }
+void frmMain::setLeftTwips(int twips) { move(twips / app.P.screen.TwipsPerPixelX(), y()); }
+void frmMain::setTopTwips(int twips) { move(x(), twips / app.P.screen.TwipsPerPixelY()); }
+void frmMain::setWidthTwips(int twips) { resize(twips / app.P.screen.TwipsPerPixelX(), height()); }
+
+void frmMain::Form_Load()
+{
+    if (Conversions::Val(app.Settings.Get(QStringLiteral("Splash"), QStringLiteral("1"))) == 1) {
+        frmSplash splash(app);
+        app.P.showModal(splash);
+    }
+}

@@ -1,0 +1,3 @@
+#include "notes/LoadNotes.h"
+
+void LoadNotes(App&) {}

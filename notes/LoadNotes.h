@@ -1,0 +1,6 @@
+#pragma once
+
+struct App;
+
+// Reads Notes.cfg into the table of schedule rows.
+void LoadNotes(App& app);

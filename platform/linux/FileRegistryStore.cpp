@@ -1,0 +1,163 @@
+#include "platform/linux/FileRegistryStore.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QStandardPaths>
+#include <QStringDecoder>
+
+Q_LOGGING_CATEGORY(lcStore, "quorl.store", QtWarningMsg)
+
+namespace platform {
+
+namespace {
+
+// Settings are text; a file with NUL bytes or broken UTF-8 was not written by this store.
+bool looksLikeSettingsText(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray bytes = file.readAll();
+    if (bytes.contains('\0'))
+        return false;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    (void)decoder.decode(bytes);
+    return !decoder.hasError();
+}
+
+QString hiveName(std::uint32_t hive)
+{
+    return hive == HKEY_CURRENT_USER ? QStringLiteral("HKEY_CURRENT_USER")
+                                     : QStringLiteral("HIVE_%1").arg(hive, 8, 16, QLatin1Char('0'));
+}
+
+} // namespace
+
+FileRegistryStore::FileRegistryStore(const QString& fileName) : fileName_(fileName)
+{
+    QDir().mkpath(QFileInfo(fileName).absolutePath());
+    settings_ = std::make_unique<QSettings>(fileName, QSettings::IniFormat);
+    if (QFileInfo::exists(fileName) &&
+        (settings_->status() != QSettings::NoError || !looksLikeSettingsText(fileName))) {
+        settings_.reset();
+        setAside_ = fileName + QStringLiteral(".unreadable-") +
+                    QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+        if (!QFile::rename(fileName, setAside_))
+            setAside_.clear();
+        qCWarning(lcStore) << "settings file" << fileName << "could not be read; kept as"
+                           << setAside_;
+        settings_ = std::make_unique<QSettings>(fileName, QSettings::IniFormat);
+    }
+}
+
+FileRegistryStore::~FileRegistryStore() = default;
+
+QString FileRegistryStore::defaultFileName()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Kestrane/Quorl.conf");
+}
+
+QString FileRegistryStore::groupOf(std::uint32_t hive, const QString& path) const
+{
+    QString group = path;
+    group.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    // Only the user's own hive is kept at the top level, so that the file reads naturally.
+    return hive == HKEY_CURRENT_USER ? group : hiveName(hive) + QLatin1Char('/') + group;
+}
+
+bool FileRegistryStore::groupExists(const QString& group)
+{
+    settings_->beginGroup(group);
+    const bool exists = !settings_->childKeys().isEmpty() || !settings_->childGroups().isEmpty();
+    settings_->endGroup();
+    return exists;
+}
+
+QString FileRegistryStore::storedName(const QString& group, const QString& name)
+{
+    settings_->beginGroup(group);
+    const QStringList keys = settings_->childKeys();
+    settings_->endGroup();
+    for (const QString& key : keys)
+        if (key.compare(name, Qt::CaseInsensitive) == 0)
+            return key;
+    return {};
+}
+
+RegistryStore::Handle FileRegistryStore::newHandle(const QString& group)
+{
+    const Handle handle = next_++;
+    open_[handle] = group;
+    return handle;
+}
+
+long FileRegistryStore::RegOpenKeyA(std::uint32_t hive, const QString& path, Handle& key)
+{
+    const QString group = groupOf(hive, path);
+    key = groupExists(group) ? newHandle(group) : 0;
+    return key ? Success : NotFound;
+}
+
+long FileRegistryStore::RegCreateKeyA(std::uint32_t hive, const QString& path, Handle& key)
+{
+    key = newHandle(groupOf(hive, path));
+    return Success;
+}
+
+long FileRegistryStore::RegQueryValueExA(Handle key, const QString& name, std::uint32_t& type,
+                                         QByteArray* data, std::uint32_t& length)
+{
+    const auto it = open_.find(key);
+    if (it == open_.end())
+        return NotFound;
+    const QString stored = storedName(it->second, name);
+    if (stored.isEmpty())
+        return NotFound;
+    const QVariant value = settings_->value(it->second + QLatin1Char('/') + stored);
+    QByteArray bytes;
+    if (value.typeId() == QMetaType::QByteArray) {
+        type = Binary;
+        bytes = value.toByteArray();
+    } else {
+        type = String;
+        bytes = value.toString().toUtf8();
+    }
+    length = std::uint32_t(bytes.size());
+    if (data)
+        *data = bytes;
+    return Success;
+}
+
+long FileRegistryStore::RegSetValueExA(Handle key, const QString& name, std::uint32_t type,
+                                       const QByteArray& data)
+{
+    const auto it = open_.find(key);
+    if (it == open_.end())
+        return NotFound;
+    QString stored = storedName(it->second, name);
+    if (stored.isEmpty())
+        stored = name;
+    const QString fullName = it->second + QLatin1Char('/') + stored;
+    if (type == Binary)
+        settings_->setValue(fullName, data);
+    else
+        settings_->setValue(fullName, QString::fromUtf8(data));
+    settings_->sync();
+    if (settings_->status() != QSettings::NoError) {
+        qCWarning(lcStore) << "could not write the settings file" << fileName_;
+        return 1;
+    }
+    return Success;
+}
+
+long FileRegistryStore::RegCloseKey(Handle key)
+{
+    open_.erase(key);
+    return Success;
+}
+
+} // namespace platform

@@ -1,0 +1,3 @@
+#include "settings/LoadSettings.h"
+
+void LoadSettings(App&) {}

@@ -1,0 +1,193 @@
+#pragma once
+
+#include "platform/Agent.h"
+#include "platform/RuntimeError.h"
+
+#include <QStringList>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+// A character control for tests: records every call in order as text, lets a test set each
+// request's Status and each property, fail chosen calls, and raise each event.
+namespace fakes {
+
+class FakeRequest : public platform::AgentRequest {
+public:
+    explicit FakeRequest(QString call, int status) : call(std::move(call)), status(status) {}
+    int Status() const override { return status; }
+    QString call;
+    int status;
+};
+
+class FakeCommand : public platform::AgentCommand {
+public:
+    FakeCommand(QStringList& log, QString name, QString caption, QString voice, bool enabled,
+                bool visible);
+    QString Name() const override { return name_; }
+    QString Caption() const override { return caption_; }
+    void setCaption(const QString& caption) override;
+    QString Voice() const override { return voice_; }
+    void setVoice(const QString& voice) override;
+    bool Enabled() const override { return enabled_; }
+    void setEnabled(bool enabled) override;
+    bool Visible() const override { return visible_; }
+    void setVisible(bool visible) override;
+
+private:
+    QStringList& log_;
+    QString name_, caption_, voice_;
+    bool enabled_, visible_;
+};
+
+class FakeAgent;
+
+class FakeCommands : public platform::AgentCommands {
+public:
+    explicit FakeCommands(FakeAgent& agent) : agent_(agent) {}
+    QString Caption() const override { return caption_; }
+    void setCaption(const QString& caption) override;
+    QString Voice() const override { return voice_; }
+    void setVoice(const QString& voice) override;
+    bool Visible() const override { return visible_; }
+    void setVisible(bool visible) override;
+    void Add(const QString& name, const QString& caption, const QString& voice, bool enabled,
+             bool visible) override;
+    void RemoveAll() override;
+    platform::AgentCommand& Command(const QString& name) override;
+    int Count() const override { return int(entries_.size()); }
+    platform::AgentCommand& At(int index) override { return *entries_.at(size_t(index)); }
+
+private:
+    FakeAgent& agent_;
+    QString caption_, voice_;
+    bool visible_ = true;
+    std::vector<std::unique_ptr<FakeCommand>> entries_;
+};
+
+class FakeBalloon : public platform::AgentBalloon {
+public:
+    explicit FakeBalloon(QStringList& log) : log_(log) {}
+    bool Visible() const override { return visible; }
+    void setVisible(bool v) override;
+    bool visible = false;
+
+private:
+    QStringList& log_;
+};
+
+class FakeCharacter : public platform::AgentCharacter {
+public:
+    explicit FakeCharacter(FakeAgent& agent, QString file);
+
+    platform::Request Speak(const QString& text) override;
+    platform::Request Play(const QString& animation) override;
+    platform::Request Show(bool fast) override;
+    platform::Request Hide() override;
+    platform::Request MoveTo(std::int16_t x, std::int16_t y) override;
+
+    bool Visible() const override { return visible; }
+    QString Name() const override { return name; }
+    int Left() const override { return left; }
+    int Top() const override { return top; }
+    int Pitch() const override { return pitch; }
+    int Speed() const override { return speed; }
+    bool HasOtherClients() const override { return hasOtherClients; }
+    void setIdleOn(bool on) override;
+    void setSoundEffectsOn(bool on) override;
+    platform::AgentBalloon& Balloon() override { return balloon; }
+    platform::AgentCommands& Commands() override { return commands; }
+
+    QString file;
+    bool visible = false;
+    QString name = QStringLiteral("Testy");
+    int left = 0;
+    int top = 0;
+    int pitch = 120;
+    int speed = 160;
+    bool hasOtherClients = false;
+    std::optional<bool> idleOn;
+    std::optional<bool> soundEffectsOn;
+    // Animations that Play accepts; any other name throws as the real control does.
+    std::set<QString> animations{QStringLiteral("Read"), QStringLiteral("ReadReturn"),
+                                 QStringLiteral("ReadContinued"), QStringLiteral("Greet")};
+    FakeBalloon balloon;
+    FakeCommands commands;
+
+private:
+    platform::Request request(const QString& call);
+    FakeAgent& agent_;
+};
+
+class FakeCharacters : public platform::AgentCharacters {
+public:
+    explicit FakeCharacters(FakeAgent& agent) : agent_(agent) {}
+    void Load(const QString& id, const QString& file) override;
+    platform::AgentCharacter& Character(const QString& id) override;
+    void Unload(const QString& id) override;
+
+    std::map<QString, std::unique_ptr<FakeCharacter>> loaded;
+
+private:
+    FakeAgent& agent_;
+};
+
+class FakeAgent : public platform::Agent {
+public:
+    FakeAgent();
+
+    bool AudioOutputEnabled() const override;
+    bool SpeechInputInstalled() const override;
+    bool SpeechInputEnabled() const override;
+    void setPropertySheetPage(const QString& page) override;
+    void setPropertySheetVisible(bool visible) override;
+    platform::AgentCharacters& Characters() override { return characters; }
+    void setEventSink(platform::AgentEvents* sink) override { events = sink; }
+
+    // Every call, in order: "Speak(text)", "Play(Read)", "Show(0)", "Hide()", "MoveTo(0,0)",
+    // "Load(G,file)", "Unload(G)", "Commands.Add(Clip,Read From Clip Board,Clip Board,1,1)", ...
+    QStringList calls;
+    // The texts given to Speak, in order.
+    QStringList spoken() const;
+
+    // Makes every later call whose text starts with prefix throw this error.
+    void failCalls(const QString& prefix, const platform::RuntimeError& error);
+    void throwIfFailing(const QString& call) const;
+    // Files that Load refuses as not being character files.
+    std::set<QString> badFiles;
+
+    // Status given to new requests; tests change single requests through requests.
+    int newRequestStatus = platform::AgentRequest::Complete;
+    std::vector<std::shared_ptr<FakeRequest>> requests;
+    std::shared_ptr<FakeRequest> lastRequest() const
+    {
+        return requests.empty() ? nullptr : requests.back();
+    }
+
+    bool audioOutputEnabled = true;
+    bool speechInputInstalled = true;
+    bool speechInputEnabled = true;
+    QString propertySheetPage;
+    bool propertySheetVisible = false;
+
+    FakeCharacter* character(const QString& id = QStringLiteral("G"));
+
+    // Raising the events, as the control would.
+    void raiseClick(int button, const QString& id = QStringLiteral("G"));
+    void raiseShow(const QString& id = QStringLiteral("G"));
+    void raiseHide(const QString& id = QStringLiteral("G"));
+    void raiseIdleStart(const QString& id = QStringLiteral("G"));
+    void raiseCommand(const QString& name);
+    void raiseShutdown();
+
+    platform::AgentEvents* events = nullptr;
+    FakeCharacters characters;
+
+private:
+    std::vector<std::pair<QString, platform::RuntimeError>> failing_;
+};
+
+} // namespace fakes
