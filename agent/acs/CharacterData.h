@@ -15,6 +15,8 @@ namespace agent::acs {
 
 struct Guid {
     std::array<std::uint8_t, 16> bytes{};
+
+    bool operator==(const Guid&) const = default;
 };
 
 struct LocalizedInfo {
@@ -22,6 +24,8 @@ struct LocalizedInfo {
     QString name;
     QString description;
     QString extraData;
+
+    bool operator==(const LocalizedInfo&) const = default;
 };
 
 struct VoiceExtra {
@@ -30,6 +34,8 @@ struct VoiceExtra {
     std::uint16_t gender = 0;
     std::uint16_t age = 0;
     QString style;
+
+    bool operator==(const VoiceExtra&) const = default;
 };
 
 struct VoiceInfo {
@@ -38,6 +44,8 @@ struct VoiceInfo {
     std::uint32_t speed = 0xFFFFFFFFu; // words per minute; all ones: engine default
     std::uint16_t pitch = 0xFFFF;      // Hz; 0xFFFF: engine default
     std::optional<VoiceExtra> extra;
+
+    bool operator==(const VoiceInfo&) const = default;
 };
 
 struct BalloonInfo {
@@ -51,27 +59,37 @@ struct BalloonInfo {
     std::uint16_t fontWeight = 400;
     bool strikeOut = false;
     bool italic = false;
+
+    bool operator==(const BalloonInfo&) const = default;
 };
 
 struct TrayIconData {
     QByteArray mask;  // header-less 1-bpp DIB
     QByteArray color; // header-less colour DIB
+
+    bool operator==(const TrayIconData&) const = default;
 };
 
 struct State {
     QString name;
     QStringList animations;
+
+    bool operator==(const State&) const = default;
 };
 
 struct FrameImage {
     std::uint32_t image = 0;
     std::int16_t x = 0;
     std::int16_t y = 0;
+
+    bool operator==(const FrameImage&) const = default;
 };
 
 struct Branch {
     std::uint16_t frame = 0;
     std::uint16_t probability = 0; // percent
+
+    bool operator==(const Branch&) const = default;
 };
 
 enum class Mouth : std::uint8_t {
@@ -93,6 +111,8 @@ struct Overlay {
     std::uint16_t centerX = 0;
     std::uint16_t centerY = 0;
     QByteArray region; // RGNDATA, empty when absent
+
+    bool operator==(const Overlay&) const = default;
 };
 
 struct Frame {
@@ -102,6 +122,8 @@ struct Frame {
     std::int16_t exitFrame = -2;  // negative: no exit branch
     std::vector<Branch> branches;
     std::vector<Overlay> overlays;
+
+    bool operator==(const Frame&) const = default;
 };
 
 enum class Transition : std::uint8_t { ReturnAnimation = 0, ExitBranches = 1, None = 2 };
@@ -111,6 +133,8 @@ struct Animation {
     Transition transition = Transition::None;
     QString returnAnimation;
     std::vector<Frame> frames;
+
+    bool operator==(const Animation&) const = default;
 };
 
 // An image as stored: 8-bit palette indexes, rows bottom-up, each padded to 4 bytes.
@@ -122,6 +146,8 @@ struct Image {
     QByteArray region; // decompressed RGNDATA, may be empty
 
     int stride() const { return (width + 3) & ~3; }
+
+    bool operator==(const Image&) const = default;
 };
 
 struct CharacterData {
@@ -142,6 +168,8 @@ struct CharacterData {
     std::vector<Animation> animations;
     std::vector<Image> images;
     std::vector<QByteArray> sounds; // complete RIFF/WAVE files
+
+    bool operator==(const CharacterData&) const = default;
 };
 
 namespace flags {

@@ -1,0 +1,198 @@
+#include "SyntheticCharacter.h"
+#include "agent/acs/AcsFile.h"
+#include "agent/acs/ByteReader.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace agent::acs;
+using agent::acs::testing::syntheticCharacter;
+
+namespace
+{
+
+constexpr qsizetype ImageListLocatorAt = 20;
+
+std::uint32_t u32At(const QByteArray& file, qsizetype at)
+{
+    std::uint32_t value = 0;
+    for (int i = 3; i >= 0; --i)
+        value = (value << 8) | std::uint8_t(file.at(at + i));
+    return value;
+}
+
+void putU32(QByteArray& file, qsizetype at, std::uint32_t value)
+{
+    for (int i = 0; i < 4; ++i)
+        file[at + i] = char(value >> (8 * i));
+}
+
+// The file offset of image `index`'s record, found through the header and the image list.
+qsizetype imageRecord(const QByteArray& file, std::uint32_t index)
+{
+    return u32At(file, u32At(file, ImageListLocatorAt) + 4 + 12 * index);
+}
+
+std::string readError(const QByteArray& file)
+{
+    try {
+        readAcs(file);
+    } catch (const FormatError& error) {
+        return error.what();
+    }
+    return "no error";
+}
+
+} // namespace
+
+TEST(AcsReaderErrors, RefusesEveryTruncation)
+{
+    const QByteArray file = writeAcs(syntheticCharacter());
+    for (qsizetype size = 0; size < file.size(); ++size)
+        EXPECT_THROW(readAcs(file.left(size)), FormatError) << "truncated to " << size;
+}
+
+// Flipped bytes may still form a valid file; the reader must either succeed or throw
+// FormatError, never crash or throw anything else.
+TEST(AcsReaderErrors, SurvivesRandomMutations)
+{
+    for (bool compressed : {true, false}) {
+        const QByteArray original = writeAcs(syntheticCharacter(), {compressed});
+        std::mt19937 random(1234);
+        int refused = 0;
+        for (int round = 0; round < 1500; ++round) {
+            QByteArray file = original;
+            const int flips = 1 + int(random() % 8);
+            for (int i = 0; i < flips; ++i)
+                file[qsizetype(random() % std::uint32_t(file.size()))] ^= char(1 + random() % 255);
+            try {
+                readAcs(file);
+            } catch (const FormatError&) {
+                ++refused;
+            }
+        }
+        EXPECT_GT(refused, 0);
+    }
+}
+
+TEST(AcsReaderErrors, NamesOtherFormats)
+{
+    struct Case {
+        QByteArray start;
+        const char* message;
+    };
+    const Case cases[] = {
+        {QByteArray::fromHex("C4ABCDAB"), "unsupported format: a web character (ACF) file"},
+        {QByteArray::fromHex("C2ABCDAB"), "unsupported format: a web character (ACF) file"},
+        {QByteArray::fromHex("C1ABCDAB"), "unsupported format: 1.5-era character data"},
+        {QByteArray::fromHex("D0CF11E0A1B11AE1"), "unsupported format: an OLE compound file"},
+        {QByteArray("RIFF"), "not a character file (signature 0x46464952)"},
+        {QByteArray("AB"), "file of 2 bytes is too short"},
+        {QByteArray::fromHex("C3ABCDAB0000"), "header: file of 6 bytes ends inside"},
+    };
+    for (const Case& c : cases) {
+        QByteArray file = c.start;
+        if (file.size() >= 4)
+            file.append(64, '\0');
+        if (c.start.size() == 6)
+            file = c.start;
+        EXPECT_NE(readError(file).find(c.message), std::string::npos) << readError(file);
+    }
+}
+
+TEST(AcsReaderErrors, ExplainsCorruptStructures)
+{
+    const QByteArray good = writeAcs(syntheticCharacter());
+    struct Case {
+        const char* name;
+        std::function<void(QByteArray&)> corrupt;
+        const char* message;
+    };
+    const Case cases[] = {
+        {"locator past the end", [](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); },
+         "animation list: locator beyond end of file"},
+        {"huge image count",
+         [](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); },
+         "image list: 4294967295 entries cannot fit"},
+        {"stream without leading zero", [](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
+         "image list: image 1: compressed data does not start with 0x00"},
+        {"image wider than its data", [](QByteArray& f) { f[imageRecord(f, 1) + 1] = 100; },
+         "image list: image 1: decoded 112 of 700 bytes: end marker"},
+        {"pixel data past its record",
+         [](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
+         "image list: image 1: pixel data: needs 2147483647 bytes"},
+    };
+    for (const Case& c : cases) {
+        QByteArray file = good;
+        c.corrupt(file);
+        EXPECT_NE(readError(file).find(c.message), std::string::npos)
+            << c.name << ": " << readError(file);
+    }
+}
+
+TEST(AcsReaderErrors, RefusesValuesOutsideTheirLists)
+{
+    struct Case {
+        const char* name;
+        std::function<void(CharacterData&)> corrupt;
+        const char* message;
+    };
+    const Case cases[] = {
+        {"frame image", [](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; },
+         "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
+        {"overlay image",
+         [](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; },
+         "frame 3: image 99 out of range"},
+        {"sound", [](CharacterData& c) { c.animations[2].frames[0].sound = 2; },
+         "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
+        {"negative sound", [](CharacterData& c) { c.animations[2].frames[0].sound = -3; },
+         "sound -3 out of range"},
+        {"transition", [](CharacterData& c) { c.animations[3].transition = Transition(3); },
+         "animation 3 \"ReadReturn\": unknown transition type 3"},
+        {"mouth", [](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); },
+         "frame 3: overlay 1: unknown mouth type 7"},
+    };
+    for (const Case& c : cases) {
+        CharacterData character = syntheticCharacter();
+        c.corrupt(character);
+        const std::string error = readError(writeAcs(character));
+        EXPECT_NE(error.find(c.message), std::string::npos) << c.name << ": " << error;
+    }
+}
+
+TEST(AcsReaderErrors, ReadsShortImageRecordsAsPlaceholders)
+{
+    QByteArray file = writeAcs(syntheticCharacter());
+    const qsizetype entry = u32At(file, ImageListLocatorAt) + 4 + 12 * 2;
+    putU32(file, entry + 4, 9);
+    const CharacterData character = readAcs(file);
+    EXPECT_FALSE(character.images[2].present);
+    EXPECT_TRUE(character.images[1].present);
+}
+
+// Many list entries can name one small record that expands a thousandfold; the reader must
+// stop long before it has allocated gigabytes.
+TEST(AcsReaderErrors, StopsSharedRecordsFromExhaustingMemory)
+{
+    CharacterData character = syntheticCharacter();
+    Image& big = character.images[0];
+    big.width = 4000;
+    big.height = 4000;
+    big.pixels = QByteArray(qsizetype(big.stride()) * big.height, char(10));
+    QByteArray file = writeAcs(character);
+    const Locator record{std::uint32_t(imageRecord(file, 0)),
+                         u32At(file, u32At(file, ImageListLocatorAt) + 8)};
+    const std::uint32_t list = std::uint32_t(file.size());
+    constexpr std::uint32_t copies = 1000;
+    file.append(4 + 12 * copies, '\0');
+    putU32(file, list, copies);
+    for (std::uint32_t i = 0; i < copies; ++i) {
+        putU32(file, list + 4 + 12 * i, record.offset);
+        putU32(file, list + 8 + 12 * i, record.size);
+    }
+    putU32(file, ImageListLocatorAt, list);
+    putU32(file, ImageListLocatorAt + 4, 4 + 12 * copies);
+    EXPECT_NE(readError(file).find("decoded data would exceed"), std::string::npos)
+        << readError(file);
+}

@@ -1,0 +1,94 @@
+#include "SyntheticCharacter.h"
+#include "agent/acs/AcsFile.h"
+
+#include <gtest/gtest.h>
+
+using namespace agent::acs;
+using agent::acs::testing::syntheticCharacter;
+using agent::acs::testing::SyntheticOptions;
+
+namespace
+{
+
+std::uint32_t u32At(const QByteArray& file, qsizetype at)
+{
+    std::uint32_t value = 0;
+    for (int i = 3; i >= 0; --i)
+        value = (value << 8) | std::uint8_t(file.at(at + i));
+    return value;
+}
+
+constexpr qsizetype CharacterInfoFixedBytes = 41;
+
+} // namespace
+
+TEST(AcsRoundTrip, ReadsBackWhatWasWritten)
+{
+    struct Case {
+        const char* name;
+        SyntheticOptions character;
+        bool compress;
+    };
+    const Case cases[] = {
+        {"voice and balloon, compressed", {true, true}, true},
+        {"voice and balloon, raw", {true, true}, false},
+        {"voice only", {true, false}, true},
+        {"balloon only", {false, true}, false},
+        {"neither", {false, false}, true},
+    };
+    for (const Case& c : cases) {
+        const CharacterData original = syntheticCharacter(c.character);
+        const QByteArray file = writeAcs(original, {c.compress});
+        const CharacterData read = readAcs(file);
+        EXPECT_EQ(read.voice.has_value(), c.character.voice) << c.name;
+        EXPECT_EQ(read.balloon.has_value(), c.character.balloon) << c.name;
+        EXPECT_FALSE(read.images[3].present) << c.name;
+        EXPECT_EQ(read.animations[0].frames[3].overlays.size(), 7u) << c.name;
+        EXPECT_EQ(read.localizedInfo[0].description, original.localizedInfo[0].description)
+            << c.name;
+        EXPECT_TRUE(read == original) << c.name;
+    }
+}
+
+TEST(AcsRoundTrip, CompressionShrinksTheFile)
+{
+    const CharacterData character = syntheticCharacter();
+    EXPECT_LT(writeAcs(character, {true}).size(), writeAcs(character, {false}).size());
+}
+
+// Palette entries are stored blue first, balloon colours red first: a swap in either shows
+// wrong colours on every character, and a round trip alone cannot see it.
+TEST(AcsRoundTrip, StoresColoursInTheirOwnByteOrder)
+{
+    CharacterData character = syntheticCharacter({false, true});
+    character.palette[0] = 0x00112233;
+    character.balloon->background = QColor(0xFF, 0xFE, 0xE1);
+    const QByteArray file = writeAcs(character);
+    const qsizetype info = u32At(file, 4);
+    const qsizetype balloon = info + CharacterInfoFixedBytes;
+    EXPECT_EQ(file.mid(balloon + 6, 4), QByteArray::fromHex("FFFEE100"));
+    const qsizetype fontName = balloon + 14;
+    const qsizetype palette = fontName + 4 + 2 * (character.balloon->fontName.size() + 1) + 10;
+    EXPECT_EQ(u32At(file, palette), 256u);
+    EXPECT_EQ(file.mid(palette + 4, 4), QByteArray::fromHex("33221100"));
+}
+
+TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)
+{
+    CharacterData character = syntheticCharacter({true, false});
+    character.flags |= flags::BalloonRoundRect;
+    character.voice.reset();
+    const CharacterData read = readAcs(writeAcs(character));
+    EXPECT_EQ(read.flags & (flags::VoiceTts | flags::BalloonRoundRect), 0u);
+    EXPECT_EQ(read.flags & flags::SystemCharacter, flags::SystemCharacter);
+}
+
+TEST(AcsRoundTrip, WriterRefusesWhatTheFileCannotState)
+{
+    CharacterData wrongSize = syntheticCharacter();
+    wrongSize.images[1].pixels.chop(1);
+    CharacterData tooManyBranches = syntheticCharacter();
+    tooManyBranches.animations[0].frames[0].branches.resize(256);
+    for (const CharacterData& character : {wrongSize, tooManyBranches})
+        EXPECT_THROW(writeAcs(character), FormatError);
+}

@@ -1,0 +1,203 @@
+#include "agent/acs/Decompressor.h"
+
+#include "agent/acs/AcsFile.h"
+#include "agent/acs/Compressor.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace agent::acs;
+
+namespace
+{
+
+// Builds compressed streams token by token, so each case states the exact tokens it holds.
+class Tokens
+{
+public:
+    Tokens& literal(std::uint8_t byte)
+    {
+        bits(0, 1);
+        return bits(byte, 8);
+    }
+    Tokens& literals(int count, std::uint8_t first = 0)
+    {
+        for (int i = 0; i < count; ++i)
+            literal(std::uint8_t(first + i));
+        return *this;
+    }
+    // A back-reference with an explicit offset class, length prefix k and value v.
+    Tokens& copy(int offsetClass, std::uint32_t raw, int k, std::uint32_t v)
+    {
+        static constexpr int offsetBits[4] = {6, 9, 12, 20};
+        bits(1, 1);
+        bits((1u << offsetClass) - 1, offsetClass);
+        if (offsetClass < 3)
+            bits(0, 1);
+        bits(raw, offsetBits[offsetClass]);
+        bits((1u << k) - 1, k);
+        bits(0, 1);
+        return bits(v, k);
+    }
+    Tokens& end() { return bits(1, 1).bits(0b111, 3).bits(0xFFFFF, 20); }
+    Tokens& bits(std::uint32_t value, int width)
+    {
+        for (int i = 0; i < width; ++i)
+            m_bits.push_back((value >> i) & 1);
+        return *this;
+    }
+    QByteArray bytes(bool trailer = true) const
+    {
+        QByteArray out(1, '\0');
+        for (std::size_t i = 0; i < m_bits.size(); i += 8) {
+            std::uint8_t byte = 0;
+            for (std::size_t b = 0; b < 8 && i + b < m_bits.size(); ++b)
+                byte |= std::uint8_t(m_bits[i + b] << b);
+            out.append(char(byte));
+        }
+        if (trailer)
+            out.append(6, char(0xFF));
+        return out;
+    }
+
+private:
+    std::vector<int> m_bits;
+};
+
+QByteArray sequence(int count, std::uint8_t first = 0)
+{
+    QByteArray out;
+    for (int i = 0; i < count; ++i)
+        out.append(char(std::uint8_t(first + i)));
+    return out;
+}
+
+} // namespace
+
+TEST(Decompressor, DecodesTheRegionHeaderExample)
+{
+    const QByteArray input = QByteArray::fromHex("00400004 10D09080 42ED9801 B7FFFFFF FFFFFF");
+    QByteArray expected = QByteArray::fromHex("200000000100000000000000A8000000");
+    expected.append(16, '\0');
+    EXPECT_EQ(decompress(input, 32), expected);
+}
+
+TEST(Decompressor, DecodesEachKindOfToken)
+{
+    auto tail = [](int literals, int distance, int length) {
+        const QByteArray start = sequence(literals);
+        QByteArray out = start;
+        for (int i = 0; i < length; ++i)
+            out.append(out.at(out.size() - distance));
+        return out;
+    };
+    struct Case {
+        const char* name;
+        QByteArray input;
+        QByteArray expected;
+    };
+    const Case cases[] = {
+        {"class 0, nearest, k=0", Tokens().literals(1).copy(0, 0, 0, 0).end().bytes(),
+         tail(1, 1, 2)},
+        {"class 0, farthest", Tokens().literals(64).copy(0, 63, 0, 0).end().bytes(),
+         tail(64, 64, 2)},
+        {"class 1, nearest", Tokens().literals(65).copy(1, 0, 0, 0).end().bytes(), tail(65, 65, 2)},
+        {"class 1, farthest, k=1", Tokens().literals(576).copy(1, 511, 1, 1).end().bytes(),
+         tail(576, 576, 4)},
+        {"class 2, nearest", Tokens().literals(577).copy(2, 0, 0, 0).end().bytes(),
+         tail(577, 577, 2)},
+        {"class 2, farthest", Tokens().literals(4672).copy(2, 4095, 0, 0).end().bytes(),
+         tail(4672, 4672, 2)},
+        {"class 3 copies one byte more", Tokens().literals(4673).copy(3, 0, 0, 0).end().bytes(),
+         tail(4673, 4673, 3)},
+        {"class 3, k=11", Tokens().literals(4673).copy(3, 0, 11, 2047).end().bytes(),
+         tail(4673, 4673, 4097)},
+        {"run from one byte", Tokens().literal('x').copy(0, 0, 3, 3).end().bytes(),
+         QByteArray(13, 'x')},
+        {"overlapping period 2", Tokens().literal('a').literal('b').copy(0, 1, 2, 1).end().bytes(),
+         QByteArray("abababab")},
+        {"k=11, longest copy", Tokens().literal(0).copy(0, 0, 11, 2047).end().bytes(),
+         QByteArray(4097, '\0')},
+        {"stops when full, without marker", Tokens().literals(3).bytes(false), sequence(3)},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(decompress(c.input, c.expected.size()), c.expected) << c.name;
+}
+
+TEST(Decompressor, ClampsACopyThatRunsPastTheEnd)
+{
+    EXPECT_EQ(decompress(Tokens().literal('a').copy(0, 0, 3, 0).end().bytes(), 5),
+              QByteArray(5, 'a'));
+}
+
+TEST(Decompressor, RefusesCorruptInput)
+{
+    struct Case {
+        const char* name;
+        QByteArray input;
+        qsizetype outputSize;
+        const char* message;
+    };
+    const Case cases[] = {
+        {"empty input", QByteArray(), 0, "does not start with 0x00"},
+        {"first byte not zero", QByteArray::fromHex("01FFFFFFFFFFFF"), 1,
+         "does not start with 0x00"},
+        {"copy before the start", Tokens().literal(1).copy(0, 1, 0, 0).end().bytes(), 10,
+         "decoded 1 of 10 bytes: back-reference before the start"},
+        {"copy from nothing", Tokens().copy(0, 0, 0, 0).end().bytes(), 4,
+         "decoded 0 of 4 bytes: back-reference"},
+        {"twelve length bits",
+         Tokens().literal(1).bits(1, 1).bits(0, 1).bits(0, 6).bits(0xFFF, 12).bytes(), 100,
+         "decoded 1 of 100 bytes: length prefix longer than 11 bits"},
+        {"input ends", Tokens().literals(3).bytes(false), 10,
+         "decoded 3 of 10 bytes: compressed data ends without the end marker"},
+        {"marker too early", Tokens().literals(3).end().bytes(), 10,
+         "decoded 3 of 10 bytes: end marker before the data is complete"},
+        {"impossible size", QByteArray::fromHex("00FF"), 2 * MaxExpansion + 1, "cannot hold"},
+        {"negative size", QByteArray::fromHex("00FF"), -1, "cannot hold"},
+    };
+    for (const Case& c : cases) {
+        try {
+            decompress(c.input, c.outputSize);
+            ADD_FAILURE() << c.name << ": no error";
+        } catch (const FormatError& error) {
+            EXPECT_NE(std::string(error.what()).find(c.message), std::string::npos)
+                << c.name << ": " << error.what();
+        }
+    }
+}
+
+TEST(Compressor, RoundTripsAndShrinksRepetitiveData)
+{
+    std::mt19937 random(7);
+    QByteArray noise(20000, Qt::Uninitialized);
+    for (char& byte : noise)
+        byte = char(random());
+    QByteArray farRepeat = noise.left(6000);
+    farRepeat += farRepeat;
+    QByteArray picture;
+    for (int row = 0; row < 300; ++row)
+        for (int x = 0; x < 132; ++x)
+            picture.append(char(x < 20 || x > 100 ? 10 : (row / 8 + x / 16)));
+    struct Case {
+        const char* name;
+        QByteArray input;
+        double maxRatio;
+    };
+    const Case cases[] = {
+        {"empty", QByteArray(), 100},
+        {"one byte", QByteArray(1, 'q'), 100},
+        {"noise", noise, 1.2},
+        {"long run", QByteArray(100000, char(10)), 0.01},
+        {"repeat beyond 4672 bytes", farRepeat, 0.6},
+        {"picture", picture, 0.1},
+    };
+    for (const Case& c : cases) {
+        const QByteArray packed = compress(c.input);
+        EXPECT_EQ(decompress(packed, c.input.size()), c.input) << c.name;
+        EXPECT_LE(double(packed.size()), c.maxRatio * c.input.size() + 16) << c.name;
+        EXPECT_TRUE(packed.endsWith(QByteArray(6, char(0xFF)))) << c.name;
+        // The stream ends with the marker: asking for more data must hit it.
+        EXPECT_THROW(decompress(packed, c.input.size() + 1), FormatError) << c.name;
+    }
+}

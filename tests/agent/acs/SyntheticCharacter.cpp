@@ -1,0 +1,161 @@
+#include "SyntheticCharacter.h"
+
+namespace agent::acs::testing
+{
+namespace
+{
+
+constexpr std::uint8_t Transparent = 10;
+
+Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
+{
+    Image image;
+    image.width = width;
+    image.height = height;
+    image.pixels.resize(qsizetype(image.stride()) * height);
+    for (qsizetype i = 0; i < image.pixels.size(); ++i)
+        image.pixels[i] = char((i * 7 + seed) % 3 == 0 ? Transparent : (i + seed) % 256);
+    // An RGNDATA header with no rectangles: the region block is carried, not interpreted.
+    image.region =
+        QByteArray::fromHex("20000000010000000000000020000000") + QByteArray(16, char(seed));
+    return image;
+}
+
+QByteArray makeWave(int samples)
+{
+    QByteArray wave("RIFF....WAVEfmt ");
+    wave += QByteArray::fromHex("10000000010001001f4000001f400000010008006461746100000000");
+    for (int i = 0; i < samples; ++i)
+        wave.append(char(128 + (i % 16) * 4));
+    return wave;
+}
+
+Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint16_t duration)
+{
+    Frame frame;
+    frame.images.push_back({image, x, y});
+    frame.duration = duration;
+    return frame;
+}
+
+Animation greet()
+{
+    Animation animation;
+    animation.name = QStringLiteral("Greet");
+    animation.transition = Transition::ExitBranches;
+    for (std::uint32_t i = 0; i < 4; ++i) {
+        Frame frame = plainFrame(i % 3, std::int16_t(-3 * int(i)), 2, 10);
+        frame.exitFrame = std::int16_t(int(i) - 1);
+        animation.frames.push_back(frame);
+    }
+    animation.frames[0].exitFrame = 4;
+    animation.frames[1].images.push_back({4, -7, -1});
+    animation.frames[1].sound = 1;
+    Frame& speaking = animation.frames[3];
+    for (std::uint8_t mouth = 0; mouth < 7; ++mouth) {
+        Overlay overlay;
+        overlay.mouth = Mouth(mouth);
+        overlay.replaceTopImage = mouth == 2;
+        overlay.image = std::uint16_t(5 + mouth % 2);
+        overlay.x = -2;
+        overlay.y = 4;
+        overlay.centerX = 31;
+        overlay.centerY = 40 + mouth;
+        if (mouth == 6)
+            overlay.region = QByteArray::fromHex("2000000001000000");
+        speaking.overlays.push_back(overlay);
+    }
+    Frame blank;
+    blank.duration = 0;
+    blank.exitFrame = -1;
+    animation.frames.push_back(blank);
+    return animation;
+}
+
+Animation idle()
+{
+    Animation animation;
+    animation.name = QStringLiteral("Idle1_1");
+    animation.frames = {plainFrame(0, 0, 0, 15), plainFrame(3, 1, 0, 0), plainFrame(1, 0, 0, 20)};
+    animation.frames[1].branches = {{0, 30}, {2, 50}, {1, 20}};
+    animation.frames[2].sound = 0;
+    animation.frames[2].exitFrame = 2;
+    return animation;
+}
+
+Animation read()
+{
+    Animation animation;
+    animation.name = QStringLiteral("Read");
+    animation.transition = Transition::ReturnAnimation;
+    animation.returnAnimation = QStringLiteral("READRETURN");
+    animation.frames = {plainFrame(2, 0, 0, 10), plainFrame(0, 0, 0, 10)};
+    animation.frames[1].branches = {{0, 100}};
+    return animation;
+}
+
+Animation readReturn()
+{
+    Animation animation;
+    animation.name = QStringLiteral("ReadReturn");
+    animation.frames = {plainFrame(1, 0, 0, 10)};
+    return animation;
+}
+
+} // namespace
+
+CharacterData syntheticCharacter(const SyntheticOptions& options)
+{
+    CharacterData character;
+    character.guid.bytes = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+    character.width = 37;
+    character.height = 29;
+    character.transparentIndex = Transparent;
+    character.flags = flags::SystemCharacter | flags::BalloonSizeToText |
+                      (options.voice ? flags::VoiceTts : flags::VoiceNone) |
+                      (options.balloon ? flags::BalloonRoundRect : flags::BalloonNone);
+    character.localizedInfo = {
+        {0x0409, QStringLiteral("Pim"), QStringLiteral("A test character \U0001F600"),
+         QStringLiteral("one^^two")},
+        {0x0007, QStringLiteral("Pim"), QStringLiteral("Eine Testfigur"), QString()}};
+    if (options.voice) {
+        VoiceInfo voice;
+        voice.engine.bytes.fill(0xAB);
+        voice.speed = 157;
+        voice.pitch = 64;
+        voice.extra =
+            VoiceExtra{0x0409, QStringLiteral("Standard"), 2, 30, QStringLiteral("Business")};
+        character.voice = voice;
+    }
+    if (options.balloon) {
+        BalloonInfo balloon;
+        balloon.text = QColor(1, 2, 3);
+        balloon.background = QColor(255, 255, 225);
+        balloon.border = QColor(200, 100, 50);
+        balloon.fontName = QStringLiteral("Sans");
+        balloon.fontHeight = -13;
+        balloon.fontWeight = 700;
+        balloon.italic = true;
+        character.balloon = balloon;
+    }
+    for (std::uint32_t i = 0; i < 256; ++i)
+        character.palette.push_back((i << 16) | ((255 - i) << 8) | (i * 3 % 256));
+    character.palette[Transparent] = 0x00FF00FF;
+    character.trayIcon = TrayIconData{QByteArray(48, char(0x28)), QByteArray(104, char(0x11))};
+    character.states = {
+        {QStringLiteral("SPEAKING"), {QStringLiteral("GREET")}},
+        {QStringLiteral("IDLINGLEVEL1"), {QStringLiteral("IDLE1_1"), QStringLiteral("READ")}},
+        {QStringLiteral("Hearing"), {}}};
+    character.animations = {greet(), idle(), read(), readReturn()};
+
+    Image placeholder;
+    placeholder.present = false;
+    character.images = {makeImage(37, 29, 1), makeImage(13, 7, 2), makeImage(1, 1, 3),
+                        placeholder,          makeImage(6, 5, 4),  makeImage(37, 29, 5),
+                        makeImage(253, 2, 6)};
+    character.images[2].region.clear();
+    character.sounds = {makeWave(300), makeWave(17)};
+    return character;
+}
+
+} // namespace agent::acs::testing
