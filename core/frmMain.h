@@ -95,6 +95,11 @@ public:
 
     void Form_Load();
 
+    // The tray icon; a left double click on it runs ToggleMainWindow.
+    void CreateIcon();
+    void DeleteIcon();
+    void ToggleMainWindow();
+
     // Character events
     void Agent1_Click(const QString& characterId, int button, int shift, int x, int y) override;
     void Agent1_Show(const QString& characterId, int cause) override;

@@ -1,0 +1,5 @@
+#include "commands/VoiceCommands.h"
+
+void SetVoiceCommands(App&) {}
+void EnableVoiceComm(App&, const QString&, const QString&) {}
+void ShowVoiceComms(App&, bool) {}
