@@ -133,8 +133,17 @@ public:
     void mnuQuorlReminders_Click();
     void mnuFileSavenow_Click();
     void mnuFileExit_Click();
+    // The unload of the window: removes the tray icon and saves the window values.
+    void Form_Unload();
+    // 1 only while mnuFileSavenow_Click runs.
+    int SaveNow = 0;
+
+protected:
+    // The close box hides the window; the program goes on.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
+    void SaveWindowSettings();
     void buildReadingControls(QWidget* parent);
     void buildVoicePanel(QWidget* parent);
     void buildMenus();
