@@ -1,0 +1,239 @@
+#include "agent/runtime/CharacterRuntime.h"
+
+#include "FakeSpeechOutput.h"
+#include "TestCharacter.h"
+#include "agent/runtime/BalloonWindow.h"
+#include "agent/runtime/CharacterLookup.h"
+#include "agent/runtime/CharacterWindow.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <set>
+
+using namespace agent;
+using namespace agent::runtime;
+using namespace agent::runtime::testing;
+using Status = platform::AgentRequest;
+
+namespace
+{
+
+bool finished(const platform::Request& request)
+{
+    const int status = request->Status();
+    return status == Status::Complete || status == Status::Failed || status == Status::Interrupted;
+}
+
+class CharacterRuntimeTest : public ::testing::Test
+{
+protected:
+    CharacterRuntimeTest()
+    {
+        timing.idleDelay = 40;
+        timing.idleGap = 10;
+        timing.idleLevel = 150;
+        timing.move = 60;
+        timing.balloonHide = 40;
+    }
+
+    CharacterRuntime& runtime()
+    {
+        if (!runtime_) {
+            runtime_ = std::make_unique<CharacterRuntime>(
+                std::make_shared<acs::CharacterData>(character), speech, voice, timing, 99);
+            runtime_->setIdleOn(false);
+        }
+        return *runtime_;
+    }
+
+    int animation(const char* name) const
+    {
+        return findAnimation(character, QString::fromLatin1(name));
+    }
+
+    bool waitDone(const platform::Request& request, int timeout = 5000)
+    {
+        return QTest::qWaitFor([&request] { return finished(request); }, timeout);
+    }
+
+    QRgb pixel(int x, int y) { return runtime().window().picture().pixel(x, y); }
+
+    // Polls until `until` holds, noting the colour at (x, y) of every picture seen.
+    std::set<QRgb> coloursSeen(int x, int y, const std::function<bool()>& until)
+    {
+        std::set<QRgb> seen;
+        for (int i = 0; i < 1000 && !until(); ++i) {
+            seen.insert(pixel(x, y));
+            QTest::qWait(2);
+        }
+        return seen;
+    }
+
+    acs::CharacterData character = fullCharacter();
+    FakeSpeechOutput speech{5};
+    VoiceDefaults voice{123, 166, 2};
+    RuntimeTiming timing;
+    std::unique_ptr<CharacterRuntime> runtime_;
+};
+
+TEST_F(CharacterRuntimeTest, RequestsRunOneAfterTheOtherInCallOrder)
+{
+    QSignalSpy shown(&runtime(), &CharacterRuntime::shown);
+    QSignalSpy hidden(&runtime(), &CharacterRuntime::hidden);
+    const std::vector<platform::Request> requests = {
+        runtime().show(false),
+        runtime().play(animation("Wave")),
+        runtime().speak(QStringLiteral("one two three")),
+        runtime().moveTo({40, 30}),
+        runtime().hide(),
+    };
+    for (const platform::Request& request : requests)
+        EXPECT_EQ(request->Status(), Status::Pending) << "calls return before anything runs";
+
+    std::set<std::size_t> seenInProgress;
+    for (int i = 0; i < 2000 && !finished(requests.back()); ++i) {
+        for (std::size_t later = 0; later < requests.size(); ++later) {
+            if (requests[later]->Status() == Status::InProgress)
+                seenInProgress.insert(later);
+            if (requests[later]->Status() == Status::Pending)
+                continue;
+            for (std::size_t earlier = 0; earlier < later; ++earlier)
+                ASSERT_TRUE(finished(requests[earlier]))
+                    << "request " << later << " started before " << earlier << " ended";
+        }
+        QTest::qWait(2);
+    }
+    for (const platform::Request& request : requests)
+        EXPECT_EQ(request->Status(), Status::Complete);
+    EXPECT_GE(seenInProgress.size(), 3u);
+    EXPECT_EQ(speech.spoken, QStringList{QStringLiteral("one two three")});
+    ASSERT_EQ(shown.size(), 1);
+    EXPECT_EQ(shown[0][0].toInt(), ProgramRequest);
+    ASSERT_EQ(hidden.size(), 1);
+    EXPECT_EQ(hidden[0][0].toInt(), ProgramRequest);
+    EXPECT_FALSE(runtime().isVisible());
+    EXPECT_EQ(runtime().position(), QPoint(40, 30));
+}
+
+TEST_F(CharacterRuntimeTest, ShowAndHideOfAVisibleOrHiddenCharacterDoNothing)
+{
+    QSignalSpy shown(&runtime(), &CharacterRuntime::shown);
+    QSignalSpy hidden(&runtime(), &CharacterRuntime::hidden);
+    const platform::Request hide = runtime().hide();
+    runtime().show(true);
+    const platform::Request again = runtime().show(false);
+    ASSERT_TRUE(waitDone(again));
+    EXPECT_EQ(hide->Status(), Status::Complete);
+    EXPECT_EQ(shown.size(), 1);
+    EXPECT_EQ(hidden.size(), 0);
+    EXPECT_EQ(pixel(0, 0), rgba(Blue)) << "a fast show puts up the rest pose";
+}
+
+TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
+{
+    runtime().show(true);
+    const platform::Request speak = runtime().speak(QStringLiteral("a b c d e f g h"));
+    const std::set<QRgb> mouth = coloursSeen(5, 5, [&] { return finished(speak); });
+    EXPECT_EQ(speak->Status(), Status::Complete);
+    EXPECT_TRUE(mouth.count(rgba(Black))) << "the mouth overlay is drawn while speaking";
+    EXPECT_EQ(pixel(5, 5), rgba(Blue)) << "and goes when the speech ends";
+    EXPECT_EQ(runtime().balloon().text(), QStringLiteral("a b c d e f g h"));
+    EXPECT_TRUE(runtime().balloonVisible());
+    EXPECT_EQ(speech.lastVoice.pitchHz, 123);
+    EXPECT_EQ(speech.lastVoice.speedWpm, 166);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !runtime().balloonVisible(); }, 2000))
+        << "the balloon goes shortly after the speech";
+}
+
+TEST_F(CharacterRuntimeTest, ReplacingOverlayHidesTheTopImage)
+{
+    runtime().show(true);
+    const platform::Request speak = runtime().speak(QStringLiteral("x"));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !speech.spoken.isEmpty(); }, 2000));
+    emit speech.mouthChanged(acs::Mouth::OpenWide1);
+    EXPECT_EQ(pixel(20, 20), rgba(White));
+    emit speech.mouthChanged(acs::Mouth::OpenWide2);
+    EXPECT_EQ(pixel(20, 20), rgba(Blue));
+    ASSERT_TRUE(waitDone(speak));
+}
+
+TEST_F(CharacterRuntimeTest, SpeechOutcomes)
+{
+    runtime().show(true);
+    speech.failNext = true;
+    const platform::Request failed = runtime().speak(QStringLiteral("no luck"));
+    const platform::Request empty = runtime().speak(QString());
+    ASSERT_TRUE(waitDone(empty));
+    EXPECT_EQ(failed->Status(), Status::Failed);
+    EXPECT_EQ(empty->Status(), Status::Complete);
+
+    runtime().hide();
+    const platform::Request hidden = runtime().speak(QStringLiteral("unheard"));
+    ASSERT_TRUE(waitDone(hidden));
+    EXPECT_EQ(hidden->Status(), Status::Failed);
+    EXPECT_FALSE(speech.spoken.contains(QStringLiteral("unheard")));
+}
+
+TEST_F(CharacterRuntimeTest, UserHideInterruptsEverything)
+{
+    QSignalSpy hidden(&runtime(), &CharacterRuntime::hidden);
+    runtime().show(true);
+    const platform::Request speaking = runtime().speak(QStringLiteral("a long long long text"));
+    const platform::Request waiting = runtime().play(animation("Wave"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return speaking->Status() == Status::InProgress; }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !speech.spoken.isEmpty(); }, 2000));
+    runtime().userHide();
+    EXPECT_EQ(speaking->Status(), Status::Interrupted);
+    EXPECT_EQ(waiting->Status(), Status::Interrupted);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hidden.size() == 1; }, 2000));
+    EXPECT_EQ(hidden[0][0].toInt(), UserHid);
+    EXPECT_FALSE(runtime().isVisible());
+    EXPECT_FALSE(runtime().balloonVisible());
+}
+
+TEST_F(CharacterRuntimeTest, LoopingPlayCompletesAfterOneRoundAndIsLeftByTheNext)
+{
+    runtime().show(true);
+    const platform::Request loop = runtime().play(animation("Loop"));
+    ASSERT_TRUE(waitDone(loop));
+    EXPECT_EQ(loop->Status(), Status::Complete);
+    const platform::Request hide = runtime().hide();
+    ASSERT_TRUE(waitDone(hide));
+    EXPECT_FALSE(runtime().isVisible());
+}
+
+TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
+{
+    QSignalSpy idle(&runtime(), &CharacterRuntime::idleStarted);
+    runtime().setIdleOn(true);
+    ASSERT_TRUE(waitDone(runtime().show(true)));
+    const std::set<QRgb> seen = coloursSeen(0, 0, [&] {
+        return runtime().window().picture().pixel(0, 0) == rgba(Blue) && idle.size() > 0;
+    });
+    EXPECT_EQ(idle.size(), 1);
+    EXPECT_TRUE(seen.count(rgba(Red))) << "level 1";
+    EXPECT_TRUE(seen.count(rgba(Green))) << "level 2";
+
+    runtime().setIdleOn(false);
+    const platform::Request wave = runtime().play(animation("Wave"));
+    ASSERT_TRUE(waitDone(wave));
+    idle.clear();
+    QTest::qWait(150);
+    EXPECT_EQ(idle.size(), 0) << "idle off: no idling";
+}
+
+TEST_F(CharacterRuntimeTest, MovesSlideThroughTheDirectionAnimation)
+{
+    ASSERT_TRUE(waitDone(runtime().moveTo({10, 20})));
+    EXPECT_EQ(runtime().position(), QPoint(10, 20)) << "a hidden character moves at once";
+    runtime().show(true);
+    const platform::Request right = runtime().moveTo({90, 25});
+    const std::set<QRgb> seen = coloursSeen(0, 0, [&] { return finished(right); });
+    EXPECT_TRUE(seen.count(rgba(Red))) << "going right on screen is the character's left";
+    EXPECT_FALSE(seen.count(rgba(Green)));
+    EXPECT_EQ(runtime().position(), QPoint(90, 25));
+    EXPECT_EQ(runtime().window().pos(), QPoint(90, 25));
+}
+
+} // namespace

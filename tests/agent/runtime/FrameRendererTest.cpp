@@ -1,0 +1,132 @@
+#include "agent/runtime/FrameRenderer.h"
+
+#include "TestCharacter.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+
+using namespace agent;
+using namespace agent::runtime;
+using namespace agent::runtime::testing;
+
+namespace
+{
+
+struct Probe {
+    int x;
+    int y;
+    Colour expected;
+};
+
+struct CompositionCase {
+    const char* name;
+    acs::Frame frame;
+    std::optional<acs::Mouth> mouth;
+    std::vector<Probe> probes;
+};
+
+// Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 is a
+// Green 8x2 image whose left half is transparent, 7 an empty placeholder, 8 a 3x2 image whose
+// top row is Red and bottom row White.
+std::shared_ptr<acs::CharacterData> character()
+{
+    auto data = std::make_shared<acs::CharacterData>(blankCharacter(16, 16));
+    data->images.push_back(solidImage(4, 4, Blue));
+    data->images.push_back(solidImage(8, 2, Green, true));
+    acs::Image placeholder;
+    placeholder.present = false;
+    data->images.push_back(placeholder);
+    acs::Image rows = solidImage(3, 2, White);
+    for (int x = 0; x < 3; ++x)
+        rows.pixels[rows.stride() + x] = char(Red); // stored second: the top row
+    data->images.push_back(rows);
+    return data;
+}
+
+acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
+{
+    acs::Overlay overlay;
+    overlay.mouth = mouth;
+    overlay.replaceTopImage = replace;
+    overlay.image = 5;
+    overlay.x = 10;
+    overlay.y = 10;
+    frame.overlays.push_back(overlay);
+    return frame;
+}
+
+TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
+{
+    const std::vector<CompositionCase> cases = {
+        {"first image is on top", frame({{5, 0, 0}, {0, 0, 0}}), {}, {{1, 1, Blue}, {8, 8, Red}}},
+        {"offsets move the image",
+         frame({{5, 6, 3}}),
+         {},
+         {{6, 3, Blue}, {9, 6, Blue}, {5, 3, Clear}, {10, 3, Clear}}},
+        {"negative offsets clip",
+         frame({{5, -2, -3}}),
+         {},
+         {{0, 0, Blue}, {1, 0, Blue}, {2, 0, Clear}, {0, 1, Clear}}},
+        {"clipped at the far edge", frame({{5, 14, 14}}), {}, {{15, 15, Blue}, {13, 13, Clear}}},
+        {"transparent pixels show the layer below",
+         frame({{6, 0, 0}, {0, 0, 0}}),
+         {},
+         {{1, 0, Red}, {5, 1, Green}}},
+        {"empty placeholder is skipped",
+         frame({{7, 0, 0}, {5, 0, 0}}),
+         {},
+         {{0, 0, Blue}, {5, 5, Clear}}},
+        {"unknown image index is skipped", frame({{99, 0, 0}, {5, 0, 0}}), {}, {{0, 0, Blue}}},
+        {"rows are stored bottom-up", frame({{8, 0, 0}}), {}, {{0, 0, Red}, {2, 1, White}}},
+        {"no images: an empty picture", frame({}), {}, {{0, 0, Clear}, {15, 15, Clear}}},
+        {"overlay of the mouth drawn last",
+         withOverlay(frame({{1, 0, 0}}), acs::Mouth::OpenWide2, false),
+         acs::Mouth::OpenWide2,
+         {{10, 10, Blue}, {13, 13, Blue}, {9, 9, Green}}},
+        {"overlay of another mouth is not drawn",
+         withOverlay(frame({{1, 0, 0}}), acs::Mouth::OpenWide2, false),
+         acs::Mouth::Closed,
+         {{10, 10, Green}}},
+        {"no mouth: no overlay",
+         withOverlay(frame({{1, 0, 0}}), acs::Mouth::Closed, false),
+         {},
+         {{10, 10, Green}}},
+        {"replace flag omits the top image",
+         withOverlay(frame({{1, 0, 0}, {0, 0, 0}}), acs::Mouth::Closed, true),
+         acs::Mouth::Closed,
+         {{0, 0, Red}, {10, 10, Blue}}},
+        {"top image stays without the replace flag",
+         withOverlay(frame({{1, 0, 0}, {0, 0, 0}}), acs::Mouth::Closed, false),
+         acs::Mouth::Closed,
+         {{0, 0, Green}, {10, 10, Blue}}},
+    };
+    const FrameRenderer renderer(character());
+    for (const CompositionCase& test : cases) {
+        const QImage picture = renderer.render(test.frame, test.mouth);
+        ASSERT_EQ(picture.size(), QSize(16, 16)) << test.name;
+        EXPECT_EQ(picture.format(), QImage::Format_ARGB32_Premultiplied) << test.name;
+        for (const Probe& probe : test.probes)
+            EXPECT_EQ(picture.pixel(probe.x, probe.y), rgba(probe.expected))
+                << test.name << " at " << probe.x << "," << probe.y;
+    }
+}
+
+TEST(FrameRendererTest, DecodesEachImageOnce)
+{
+    const FrameRenderer renderer(character());
+    const qint64 first = renderer.image(5).cacheKey();
+    renderer.render(frame({{5, 0, 0}, {5, 3, 3}}));
+    EXPECT_EQ(renderer.image(5).cacheKey(), first);
+    EXPECT_TRUE(renderer.image(7).isNull());
+}
+
+TEST(FrameRendererTest, ShortPixelDataGivesAnEmptyImage)
+{
+    auto data = character();
+    data->images[5].pixels.chop(1);
+    const FrameRenderer renderer(data);
+    EXPECT_TRUE(renderer.image(5).isNull());
+    EXPECT_EQ(renderer.render(frame({{5, 0, 0}})).pixel(0, 0), rgba(Clear));
+}
+
+} // namespace
