@@ -1,5 +1,6 @@
 #include "core/App.h"
 
+#include "commands/frmShut.h"
 #include "core/frmMain.h"
 
 App::App(platform::Platform& platform) : P(platform), Settings(platform.store) {}

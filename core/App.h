@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "reading/LineText.h"
+#include "reading/TextFile.h"
 #include "settings/RegFunctions.h"
 
 #include <QString>
@@ -10,6 +12,7 @@
 #include <vector>
 
 class frmMain;
+class frmShut;
 
 // One run of the program: the platform it runs on and the module-wide state that the
 // routines share. A test creates a fresh one for every case.
@@ -38,7 +41,9 @@ struct App {
 
     // Reading
     bool ReadingClip = false;
-    QString LineBuffer;
+    LineText LineBuffer;
+    // The text file of a file reading, open while it lasts.
+    TextFile ReadingFile;
     float ProgressScale = 1.0f;
     float ProgressPos = 0.0f;
 
@@ -49,6 +54,8 @@ struct App {
     bool OnTop = false;
 
     std::unique_ptr<frmMain> MainForm;
+    // The shut-down confirmation, while it is loaded.
+    std::unique_ptr<frmShut> ShutForm;
 
 };
 
