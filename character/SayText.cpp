@@ -1,5 +1,6 @@
 #include "character/SayText.h"
 
+#include "character/CurrentCharacter.h"
 #include "core/App.h"
 #include "core/Controls.h"
 #include "core/Conversions.h"
@@ -66,11 +67,12 @@ void SayText(App& app, const QString& Text, bool KeepTextBox)
     if (OnlySpaces(Text))
         return;
     frmMain& f = *app.MainForm;
-    if (!app.Character->Visible())
-        app.LastRequest = app.Character->Show();
+    platform::AgentCharacter& character = CurrentCharacter(app);
+    if (!character.Visible())
+        app.LastRequest = character.Show();
     UpdateReadingControls(app);
     if (Conversions::Val(Tag(f.mnuFileRead)) == 1 || Text.size() <= LongestSpokenText) {
-        app.LastRequest = app.Character->Speak(SpeechLine(app, Text));
+        app.LastRequest = character.Speak(SpeechLine(app, Text));
         if (!KeepTextBox)
             f.txtText->setPlainText(Text);
         return;

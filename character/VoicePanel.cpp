@@ -1,7 +1,47 @@
+#include "character/ApplyVoiceDefaults.h"
+#include "character/VoiceTags.h"
+#include "core/App.h"
 #include "core/frmMain.h"
 
-void frmMain::cmdDefaults_Click() {}
-void frmMain::sdrPitch_Change() {}
-void frmMain::sdrSpeed_Change() {}
-void frmMain::sdrVolume_Change() {}
-void frmMain::mnuViewVoice_Click() {}
+#include <QAction>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QSlider>
+
+namespace
+{
+// The narrow window ends before the voice panel, which stands to the right.
+constexpr int WidthWithoutPanel = 4800;
+constexpr int WidthWithPanel = 8310;
+} // namespace
+
+void frmMain::cmdDefaults_Click()
+{
+    ApplyVoiceDefaults(app);
+}
+
+void frmMain::sdrPitch_Change()
+{
+    app.PitchTag = PitchTagOf(sdrPitch->value());
+}
+
+void frmMain::sdrSpeed_Change()
+{
+    app.SpeedTag = SpeedTagOf(sdrSpeed->value());
+}
+
+void frmMain::sdrVolume_Change()
+{
+    app.VolumeTag = VolumeTagOf(sdrVolume->value());
+}
+
+void frmMain::mnuViewVoice_Click()
+{
+    const bool show = !mnuViewVoice->isChecked();
+    for (QWidget* w : {static_cast<QWidget*>(Frame1), static_cast<QWidget*>(sdrPitch),
+                       static_cast<QWidget*>(sdrSpeed), static_cast<QWidget*>(sdrVolume),
+                       static_cast<QWidget*>(cmdDefaults)})
+        w->setVisible(show);
+    mnuViewVoice->setChecked(show);
+    setWidthTwips(show ? WidthWithPanel : WidthWithoutPanel);
+}

@@ -1,0 +1,143 @@
+#include "character/LoadCharacter.h"
+
+#include "character/ApplyVoiceDefaults.h"
+#include "character/CurrentCharacter.h"
+#include "commands/VoiceCommands.h"
+#include "core/App.h"
+#include "core/Conversions.h"
+#include "core/frmMain.h"
+#include "platform/RuntimeError.h"
+
+#include <QPushButton>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+using platform::BoxAnswer;
+using platform::BoxButtons;
+using platform::BoxIcon;
+
+namespace
+{
+
+// The character's top left corner must lie this far inside the screen.
+constexpr int EdgeMargin = 128;
+
+// What the handler decided after a statement failed.
+enum class Recovery { Retry, Leave };
+
+Recovery RecoverFromFailure(App& app, bool FirstLoad, QString& File)
+{
+    auto& dialogs = app.P.dialogs;
+    if (!File.isEmpty()) {
+        const BoxAnswer answer = dialogs.MsgBox(
+            BoxIcon::Critical, BoxButtons::OKCancel, QStringLiteral("Character Error"),
+            QStringLiteral("Cannot load the specified character. Please check the path and make "
+                           "sure the file you selected is an ACS file."));
+        if (answer == BoxAnswer::Cancel) {
+            if (FirstLoad)
+                app.P.process.End();
+            return Recovery::Leave;
+        }
+    }
+    File = dialogs.OpenFile({QStringLiteral("Agent Character (*.acs) |*.acs"),
+                             QStringLiteral("Open Character.."), app.AppPath, QString()});
+    if (File.isEmpty() && FirstLoad)
+        app.P.process.End();
+    return Recovery::Retry;
+}
+
+// The stored coordinate, or "0" when it is missing (then stored) or lies beyond the bound.
+QString StoredCoordinate(App& app, const QString& name, int boundPixels)
+{
+    QString value = app.Settings.ReadText(name);
+    if (boundPixels < Conversions::Val(value))
+        value = QStringLiteral("0");
+    if (value.isEmpty()) {
+        value = QStringLiteral("0");
+        app.Settings.Write(name, value);
+    }
+    return value;
+}
+
+void MoveToStoredPosition(App& app)
+{
+    const auto& screen = app.P.screen;
+    const QString x = StoredCoordinate(app, QStringLiteral("X"),
+                                       screen.Width() / screen.TwipsPerPixelX() - EdgeMargin);
+    const QString y = StoredCoordinate(app, QStringLiteral("Y"),
+                                       screen.Height() / screen.TwipsPerPixelY() - EdgeMargin);
+    app.LastRequest = CurrentCharacter(app).MoveTo(std::int16_t(Conversions::Val(x)),
+                                                   std::int16_t(Conversions::Val(y)));
+}
+
+bool SettingIsOn(App& app, const QString& name)
+{
+    return Conversions::Val(app.Settings.Get(name, QStringLiteral("1"))) == 1;
+}
+
+} // namespace
+
+void LoadCharacter(App& app, bool FirstLoad, QString& File, bool KeepLoaded)
+{
+    if (!KeepLoaded && !FirstLoad && app.Character) {
+        if (app.Character->Visible())
+            app.Character->Hide();
+        app.Character = nullptr;
+        app.Agent1->Characters().Unload(CharacterId);
+    }
+
+    std::vector<std::function<void()>> steps;
+    if (!KeepLoaded) {
+        steps = {
+            [&] { app.Agent1->Characters().Load(CharacterId, File); },
+            [&] { app.Character = &app.Agent1->Characters().Character(CharacterId); },
+            [&] {
+                if (!CurrentCharacter(app).HasOtherClients())
+                    return;
+                app.P.dialogs.MsgBox(BoxIcon::Warning, BoxButtons::OK,
+                                     QStringLiteral("Character is in use"),
+                                     QStringLiteral("This Character is in use by another "
+                                                    "application. If you get any errors, please "
+                                                    "close the other application."));
+            },
+            [&] { MoveToStoredPosition(app); },
+            [&] { ApplyVoiceDefaults(app); },
+        };
+    }
+    steps.insert(steps.end(), {
+                                  [&] { SetVoiceCommands(app); },
+                                  [&] { app.Settings.Write(QStringLiteral("Character"), File); },
+                                  [&] {
+                                      CurrentCharacter(app).setSoundEffectsOn(
+                                          SettingIsOn(app, QStringLiteral("SoundEffects")));
+                                  },
+                                  [&] {
+                                      CurrentCharacter(app).setIdleOn(
+                                          SettingIsOn(app, QStringLiteral("IdleAnimations")));
+                                  },
+                                  [&] {
+                                      if (SettingIsOn(app, QStringLiteral("Show")))
+                                          app.LastRequest = CurrentCharacter(app).Show();
+                                  },
+                                  [&] {
+                                      app.MainForm->cmdShow->setText(CurrentCharacter(app).Visible()
+                                                                         ? QStringLiteral("&Hide")
+                                                                         : QStringLiteral("&Show"));
+                                  },
+                              });
+
+    for (const auto& step : steps) {
+        for (;;) {
+            try {
+                step();
+                break;
+            } catch (const platform::RuntimeError&) {
+                if (KeepLoaded)
+                    throw;
+                if (RecoverFromFailure(app, FirstLoad, File) == Recovery::Leave)
+                    return;
+            }
+        }
+    }
+}
