@@ -1,54 +1,47 @@
 #include "agent/speech/EspeakSynthesizer.h"
 
-#include "agent/speech/EspeakWorker.h"
+#include "agent/speech/EspeakThread.h"
 
 #include <limits>
 
 namespace agent::speech
 {
 
-EspeakSynthesizer::EspeakSynthesizer(QObject* parent)
-    : QObject(parent), m_worker(std::make_unique<EspeakWorker>())
-{
-    m_thread.setObjectName(QStringLiteral("espeak-ng"));
-    m_worker->moveToThread(&m_thread);
-    m_thread.start();
-    QMetaObject::invokeMethod(
-        m_worker.get(), [this] { m_loaded = m_worker->initialise(); },
-        Qt::BlockingQueuedConnection);
-}
-
 EspeakSynthesizer::~EspeakSynthesizer()
 {
-    m_worker->cancel(std::numeric_limits<quint64>::max());
-    // espeak-ng must be shut down on the thread that used it.
-    QMetaObject::invokeMethod(
-        m_worker.get(), [this] { m_worker->shutdown(); }, Qt::BlockingQueuedConnection);
-    m_thread.quit();
-    m_thread.wait();
+    cancel(std::numeric_limits<quint64>::max());
+    // Once this has run, no job of ours can post a result to this object any more.
+    EspeakThread::instance().runAndWait([](EspeakWorker&) {});
+}
+
+bool EspeakSynthesizer::loaded() const
+{
+    return EspeakThread::instance().loaded();
 }
 
 void EspeakSynthesizer::synthesize(quint64 id, const SpeechPlan& plan, bool femaleCharacter)
 {
-    QMetaObject::invokeMethod(m_worker.get(), [this, id, plan, femaleCharacter] {
-        std::shared_ptr<const SynthesizedSpeech> speech =
-            m_worker->synthesize(id, plan, femaleCharacter);
-        QMetaObject::invokeMethod(
-            this, [this, id, speech] { emit synthesized(id, speech); }, Qt::QueuedConnection);
-    });
+    EspeakThread::instance().post(
+        [this, id, plan, femaleCharacter, cancelUpTo = m_cancelUpTo](EspeakWorker& worker) {
+            std::shared_ptr<const SynthesizedSpeech> speech =
+                worker.synthesize(id, *cancelUpTo, plan, femaleCharacter);
+            QMetaObject::invokeMethod(
+                this, [this, id, speech] { emit synthesized(id, speech); }, Qt::QueuedConnection);
+        });
 }
 
 void EspeakSynthesizer::cancel(quint64 id)
 {
-    m_worker->cancel(id);
+    quint64 current = m_cancelUpTo->load();
+    while (current < id && !m_cancelUpTo->compare_exchange_weak(current, id)) {
+    }
 }
 
 QString EspeakSynthesizer::phonemesOf(const QString& word)
 {
     QString result;
-    QMetaObject::invokeMethod(
-        m_worker.get(), [this, &word, &result] { result = m_worker->phonemesOf(word); },
-        Qt::BlockingQueuedConnection);
+    EspeakThread::instance().runAndWait(
+        [&](EspeakWorker& worker) { result = worker.phonemesOf(word); });
     return result;
 }
 

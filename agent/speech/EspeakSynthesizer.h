@@ -5,47 +5,45 @@
 
 #include <QObject>
 #include <QString>
-#include <QThread>
+#include <atomic>
 #include <memory>
 
 namespace agent::speech
 {
 
-class EspeakWorker;
-
-// Owns espeak-ng. The library is not re-entrant, so every call into it runs on one worker
-// thread that this object owns; everyone else in the process who needs espeak-ng (for
-// instance the speech recogniser, for the pronunciation of a word) goes through this object.
+// Speech synthesis with espeak-ng. The library is not re-entrant, so all calls into it run on
+// one thread of the process (EspeakThread), whichever object asks; anyone else in the process
+// who needs espeak-ng, such as the speech recogniser for the pronunciation of a word, goes
+// through this class too.
 class EspeakSynthesizer : public QObject
 {
     Q_OBJECT
 public:
-    explicit EspeakSynthesizer(QObject* parent = nullptr);
+    using QObject::QObject;
+    // Waits for this object's utterances still being synthesised; they are cancelled first.
     ~EspeakSynthesizer() override;
 
     // True when espeak-ng and its data loaded.
-    bool loaded() const { return m_loaded; }
+    bool loaded() const;
 
     // Queues an utterance; synthesized(id, ...) follows on this object's thread. Returns at
     // once.
     void synthesize(quint64 id, const SpeechPlan& plan, bool femaleCharacter);
 
-    // Cuts short the utterance with this id and any earlier one; their results come back
-    // incomplete. Safe from any thread.
+    // Cuts short the utterance with this id and any earlier one of this object; their results
+    // come back incomplete. Safe from any thread.
     void cancel(quint64 id);
 
     // The pronunciation of a word in espeak-ng's ASCII phoneme names separated by blanks,
-    // e.g. "g 'I m p" for "gimp"; empty when espeak-ng did not load. Safe from any thread
-    // except the worker's own: it waits for the worker to finish what it is doing.
+    // e.g. "g 'I m p" for "gimp"; empty when espeak-ng did not load. Safe from any thread; it
+    // waits until the synthesiser's thread has finished the work queued before it.
     QString phonemesOf(const QString& word);
 
 signals:
     void synthesized(quint64 id, std::shared_ptr<const agent::speech::SynthesizedSpeech> speech);
 
 private:
-    QThread m_thread;
-    std::unique_ptr<EspeakWorker> m_worker;
-    bool m_loaded = false;
+    std::shared_ptr<std::atomic<quint64>> m_cancelUpTo = std::make_shared<std::atomic<quint64>>(0);
 };
 
 } // namespace agent::speech

@@ -1,5 +1,6 @@
 #include "agent/speech/EspeakWorker.h"
 
+#include "agent/speech/BalloonProgress.h"
 #include "agent/speech/MouthShapes.h"
 #include "agent/speech/VoiceChoice.h"
 
@@ -19,40 +20,14 @@ constexpr int FullVolume = 100;
 
 // What the synthesis callback adds to while one run is spoken.
 struct RunCapture {
-    const EspeakWorker* worker = nullptr;
+    const std::atomic<quint64>* cancelUpTo = nullptr;
     quint64 id = 0;
-    const SpeechPlan* plan = nullptr;
-    const SpeechRun* run = nullptr;
     SynthesizedSpeech* out = nullptr;
+    BalloonProgress* balloon = nullptr;
     qint64 runStart = 0;
     double gain = 1.0;
-    // espeak-ng counts code points; QString counts UTF-16 units.
-    std::vector<qsizetype> codePointStarts;
-    qsizetype shownSoFar = 0;
     bool stopped = false;
 };
-
-std::vector<qsizetype> codePointStarts(const QString& text)
-{
-    std::vector<qsizetype> starts;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (!text[i].isLowSurrogate())
-            starts.push_back(i);
-    }
-    starts.push_back(text.size());
-    return starts;
-}
-
-void addWord(RunCapture& capture, const espeak_EVENT& event)
-{
-    const auto& starts = capture.codePointStarts;
-    const qsizetype first = std::clamp<qsizetype>(event.text_position - 1, 0, starts.size() - 1);
-    const qsizetype last = std::clamp<qsizetype>(first + event.length, 0, starts.size() - 1);
-    const qsizetype end =
-        capture.plan->shownEndAfterWord(*capture.run, starts[first], starts[last] - starts[first]);
-    capture.shownSoFar = std::max(capture.shownSoFar, end);
-    capture.out->shownLength.add(capture.runStart + event.sample, capture.shownSoFar);
-}
 
 int onSynthesis(short* wav, int count, espeak_EVENT* events)
 {
@@ -61,8 +36,8 @@ int onSynthesis(short* wav, int count, espeak_EVENT* events)
         return 0;
     for (const espeak_EVENT* event = events; event->type != espeakEVENT_LIST_TERMINATED; ++event) {
         const qint64 at = capture->runStart + event->sample;
-        if (event->type == espeakEVENT_WORD && event->length > 0)
-            addWord(*capture, *event);
+        if (event->type == espeakEVENT_WORD)
+            capture->balloon->word(event->text_position, event->length, event->sample);
         else if (event->type == espeakEVENT_PHONEME)
             capture->out->mouth.add(at, mouthForPhoneme(QByteArrayView(
                                             event->id.string, qstrnlen(event->id.string, 8))));
@@ -75,7 +50,7 @@ int onSynthesis(short* wav, int count, espeak_EVENT* events)
         for (int i = 0; i < count; ++i)
             samples.push_back(qint16(std::lround(wav[i] * capture->gain)));
     }
-    if (capture->worker->cancelled(capture->id)) {
+    if (capture->id <= capture->cancelUpTo->load()) {
         capture->stopped = true;
         return 1;
     }
@@ -83,13 +58,6 @@ int onSynthesis(short* wav, int count, espeak_EVENT* events)
 }
 
 } // namespace
-
-void EspeakWorker::shutdown()
-{
-    if (m_initialised)
-        espeak_Terminate();
-    m_initialised = false;
-}
 
 bool EspeakWorker::initialise()
 {
@@ -120,21 +88,17 @@ bool EspeakWorker::useVoice(const QByteArray& name)
     return true;
 }
 
-void EspeakWorker::cancel(quint64 id)
-{
-    quint64 current = m_cancelUpTo.load();
-    while (current < id && !m_cancelUpTo.compare_exchange_weak(current, id)) {
-    }
-}
-
-std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id, const SpeechPlan& plan,
+std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id,
+                                                            const std::atomic<quint64>& cancelUpTo,
+                                                            const SpeechPlan& plan,
                                                             bool femaleCharacter)
 {
     auto out = std::make_shared<SynthesizedSpeech>();
     out->shownText = plan.shownText;
+    BalloonProgress balloon(plan, out->shownLength);
     out->complete = m_initialised;
     for (const SpeechRun& run : plan.runs) {
-        if (!out->complete || cancelled(id)) {
+        if (!out->complete || id <= cancelUpTo.load()) {
             out->complete = false;
             break;
         }
@@ -150,14 +114,13 @@ std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id, const Sp
         espeak_SetParameter(espeakVOLUME, FullVolume, 0);
 
         RunCapture capture;
-        capture.worker = this;
+        capture.cancelUpTo = &cancelUpTo;
         capture.id = id;
-        capture.plan = &plan;
-        capture.run = &run;
         capture.out = out.get();
+        capture.balloon = &balloon;
         capture.runStart = qint64(out->samples.size());
+        balloon.startRun(run, capture.runStart);
         capture.gain = std::clamp(run.voice.volume, 0, 65535) / 65535.0;
-        capture.codePointStarts = codePointStarts(run.spoken);
         const QByteArray text = run.spoken.toUtf8();
         const espeak_ERROR result =
             espeak_Synth(text.constData(), size_t(text.size() + 1), 0, POS_CHARACTER, 0,

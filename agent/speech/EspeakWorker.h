@@ -4,7 +4,6 @@
 #include "agent/speech/SynthesizedSpeech.h"
 
 #include <QByteArray>
-#include <QObject>
 #include <QString>
 #include <atomic>
 #include <memory>
@@ -12,21 +11,16 @@
 namespace agent::speech
 {
 
-// The calls into espeak-ng. Lives on EspeakSynthesizer's worker thread and is only ever called
-// there, apart from cancel().
-class EspeakWorker : public QObject
+// The calls into espeak-ng; used only on EspeakThread.
+class EspeakWorker
 {
-    Q_OBJECT
 public:
     bool initialise();
-    void shutdown();
-    std::shared_ptr<SynthesizedSpeech> synthesize(quint64 id, const SpeechPlan& plan,
-                                                  bool femaleCharacter);
+    // Synthesis stops early, with an incomplete result, once cancelUpTo reaches id.
+    std::shared_ptr<SynthesizedSpeech> synthesize(quint64 id,
+                                                  const std::atomic<quint64>& cancelUpTo,
+                                                  const SpeechPlan& plan, bool femaleCharacter);
     QString phonemesOf(const QString& word);
-
-    // Safe from any thread.
-    void cancel(quint64 id);
-    bool cancelled(quint64 id) const { return id <= m_cancelUpTo.load(); }
 
 private:
     bool useVoice(const QByteArray& name);
@@ -34,7 +28,6 @@ private:
     bool m_initialised = false;
     bool m_whisperInstalled = false;
     QByteArray m_voiceName;
-    std::atomic<quint64> m_cancelUpTo{0};
 };
 
 } // namespace agent::speech

@@ -118,14 +118,12 @@ std::optional<qsizetype> applyTag(const QString& text, qsizetype pos, SegmentBui
     if (*name == u"chr") {
         const std::optional<QString> value = reader.quoted();
         if (value && reader.close()) {
-            if (value->compare(u"normal", Qt::CaseInsensitive) == 0) {
+            // A character the synthesiser does not have leaves the voice as it is.
+            if (value->compare(u"normal", Qt::CaseInsensitive) == 0)
                 voice.whisper = false;
-                return reader.position();
-            }
-            if (value->compare(u"whisper", Qt::CaseInsensitive) == 0) {
+            else if (value->compare(u"whisper", Qt::CaseInsensitive) == 0)
                 voice.whisper = true;
-                return reader.position();
-            }
+            return reader.position();
         }
     } else if (*name == u"pit" || *name == u"spd" || *name == u"vol") {
         const std::optional<int> value = reader.number();

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "agent/speech/EspeakWorker.h"
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace agent::speech
+{
+
+// The one thread in the process that calls espeak-ng. espeak-ng is not re-entrant and cannot
+// be initialised a second time after espeak_Terminate (it hangs), so the library is set up
+// once, on first use, and stays until the process ends.
+class EspeakThread
+{
+public:
+    static EspeakThread& instance();
+    ~EspeakThread();
+
+    bool loaded() const { return m_loaded; }
+
+    // Runs the job on the thread, in the order posted.
+    void post(std::function<void(EspeakWorker&)> job);
+    // Runs the job on the thread and waits for it. Must not be called from the thread itself.
+    void runAndWait(const std::function<void(EspeakWorker&)>& job);
+
+private:
+    EspeakThread();
+    void run();
+
+    EspeakWorker m_worker;
+    bool m_loaded = false;
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    std::deque<std::function<void(EspeakWorker&)>> m_jobs;
+    bool m_quit = false;
+    std::thread m_thread;
+};
+
+} // namespace agent::speech
