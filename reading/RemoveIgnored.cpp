@@ -1,0 +1,52 @@
+#include "reading/RemoveIgnored.h"
+
+#include "core/App.h"
+#include "core/frmMain.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QLineEdit>
+
+namespace
+{
+
+// The event queue runs every so many characters, often enough to keep the window responsive.
+constexpr qsizetype YieldEvery = 256;
+
+// The box's text without spaces at either end, as the old run-time's Trim takes it.
+QString IgnoredText(const QLineEdit& box)
+{
+    const QString text = box.text();
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && text[first] == QLatin1Char(' '))
+        ++first;
+    while (last > first && text[last - 1] == QLatin1Char(' '))
+        --last;
+    return text.mid(first, last - first);
+}
+
+} // namespace
+
+QString RemoveIgnored(App& app, const QString& Text)
+{
+    const frmMain& f = *app.MainForm;
+    if (!f.chkIgnore->isChecked())
+        return Text;
+    QString kept;
+    kept.reserve(Text.size());
+    QString ignored;
+    QString ignored1;
+    for (qsizetype i = 0; i < Text.size(); ++i) {
+        if (i % YieldEvery == 0) {
+            QCoreApplication::processEvents();
+            // The boxes can change only while the queue runs.
+            ignored = IgnoredText(*f.txtIgnore);
+            ignored1 = IgnoredText(*f.txtIgnore1);
+        }
+        const QStringView c = QStringView(Text).mid(i, 1);
+        if (c != ignored && c != ignored1)
+            kept.append(c);
+    }
+    return kept;
+}
