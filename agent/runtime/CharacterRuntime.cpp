@@ -121,6 +121,13 @@ void CharacterRuntime::setBalloonVisible(bool visible)
     }
 }
 
+void CharacterRuntime::setBalloonEnabled(bool enabled)
+{
+    balloonEnabled_ = enabled;
+    if (!enabled)
+        setBalloonVisible(false);
+}
+
 platform::Request CharacterRuntime::enqueue(Job job)
 {
     job.serial = nextSerial_++;
@@ -410,7 +417,7 @@ void CharacterRuntime::disconnectSpeech()
 
 void CharacterRuntime::showBalloonText(const QString& text)
 {
-    if (character_->flags & acs::flags::BalloonNone || text.trimmed().isEmpty())
+    if (!balloonEnabled_ || character_->flags & acs::flags::BalloonNone || text.trimmed().isEmpty())
         return;
     balloon_->setText(text);
     balloon_->placeNear(window_->geometry());

@@ -53,6 +53,8 @@ public:
     void setSoundEffectsOn(bool on) { soundEffectsOn_ = on; }
     bool balloonVisible() const;
     void setBalloonVisible(bool visible);
+    // The user's choice of whether speech shows a balloon at all.
+    void setBalloonEnabled(bool enabled);
 
     const acs::CharacterData& character() const { return *character_; }
     CharacterWindow& window() { return *window_; }
@@ -136,6 +138,7 @@ private:
     QPoint position_;
     bool idleOn_ = true;
     bool soundEffectsOn_ = true;
+    bool balloonEnabled_ = true;
 
     std::optional<acs::Mouth> mouth_;
     std::vector<QMetaObject::Connection> speechConnections_;

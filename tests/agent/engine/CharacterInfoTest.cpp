@@ -1,0 +1,78 @@
+#include "agent/engine/CharacterName.h"
+#include "agent/engine/CharacterVoice.h"
+
+#include <gtest/gtest.h>
+
+using namespace agent;
+using namespace agent::engine;
+
+namespace
+{
+
+TEST(CharacterInfoTest, NameFollowsTheUsersLanguage)
+{
+    const std::vector<acs::LocalizedInfo> names = {
+        {0x0407, QStringLiteral("Kurt"), {}, {}},
+        {0x0809, QStringLiteral("Colin"), {}, {}},
+        {0x0409, QStringLiteral(" Bob "), {}, {}},
+        {0x0C07, QStringLiteral("Franz"), {}, {}},
+    };
+    struct Case {
+        std::uint16_t language;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {0x0C07, "Franz"},                    // exact
+        {0x0807, "Kurt"},                     // same primary language, first of them
+        {0x0809, "Colin"}, {0x040C, "Colin"}, // no French: the first English entry
+        {0, "Colin"},
+    };
+    for (const Case& test : cases)
+        EXPECT_EQ(characterName(names, test.language), QString::fromLatin1(test.expected))
+            << std::hex << test.language;
+    EXPECT_EQ(characterName({{0x0411, QStringLiteral("Taro"), {}, {}}}, 0x0407),
+              QStringLiteral("Taro"));
+    EXPECT_EQ(characterName({}, 0x0409), QString());
+    EXPECT_EQ(characterName({names[2]}, 0x0409), QStringLiteral("Bob"));
+}
+
+TEST(CharacterInfoTest, LanguageIdsOfLocales)
+{
+    EXPECT_EQ(languageId(QLocale(QLocale::English, QLocale::UnitedStates)), 0x0409);
+    EXPECT_EQ(languageId(QLocale(QLocale::English, QLocale::UnitedKingdom)), 0x0809);
+    EXPECT_EQ(languageId(QLocale(QLocale::German, QLocale::Austria)), 0x0C07);
+    EXPECT_EQ(languageId(QLocale(QLocale::German, QLocale::Germany)), 0x0407);
+    EXPECT_EQ(languageId(QLocale(QLocale::C)), 0);
+}
+
+TEST(CharacterInfoTest, VoiceFromTheFileOrDefaults)
+{
+    acs::CharacterData character;
+    struct Case {
+        const char* name;
+        std::optional<acs::VoiceInfo> voice;
+        int pitch;
+        int speed;
+    };
+    acs::VoiceInfo own;
+    own.pitch = 140;
+    own.speed = 180;
+    acs::VoiceInfo engineDefaults;
+    acs::VoiceInfo zeros;
+    zeros.pitch = 0;
+    zeros.speed = 0;
+    const Case cases[] = {
+        {"own voice", own, 140, 180},
+        {"engine defaults", engineDefaults, 100, 150},
+        {"no voice section", std::nullopt, 100, 150},
+        {"zeros", zeros, 100, 150},
+    };
+    for (const Case& test : cases) {
+        character.voice = test.voice;
+        const VoiceDefaults voice = characterVoice(character);
+        EXPECT_EQ(voice.pitchHz, test.pitch) << test.name;
+        EXPECT_EQ(voice.speedWpm, test.speed) << test.name;
+    }
+}
+
+} // namespace
