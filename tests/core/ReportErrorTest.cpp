@@ -18,6 +18,12 @@ struct Row {
     bool ends;
 };
 
+void PrintTo(const Row& row, std::ostream* out)
+{
+    *out << row.number << " from " << row.source.toStdString() << " at " << row.where
+         << (row.fatal ? " fatal" : "");
+}
+
 class ReportErrorTest : public ::testing::TestWithParam<Row> {};
 
 const QString agentSource = QStringLiteral("Agent.Control.1");
