@@ -60,17 +60,39 @@ TEST(AcsRoundTrip, CompressionShrinksTheFile)
 // wrong colours on every character, and a round trip alone cannot see it.
 TEST(AcsRoundTrip, StoresColoursInTheirOwnByteOrder)
 {
-    CharacterData character = syntheticCharacter({false, true});
-    character.palette[0] = 0x00112233;
-    character.balloon->background = QColor(0xFF, 0xFE, 0xE1);
-    const QByteArray file = writeAcs(character);
-    const qsizetype info = u32At(file, 4);
-    const qsizetype balloon = info + CharacterInfoFixedBytes;
-    EXPECT_EQ(file.mid(balloon + 6, 4), QByteArray::fromHex("FFFEE100"));
-    const qsizetype fontName = balloon + 14;
-    const qsizetype palette = fontName + 4 + 2 * (character.balloon->fontName.size() + 1) + 10;
-    EXPECT_EQ(u32At(file, palette), 256u);
-    EXPECT_EQ(file.mid(palette + 4, 4), QByteArray::fromHex("33221100"));
+    // An empty string is its count alone, a non-empty one ends with a 0x0000 terminator; the
+    // palette's position after the font name checks both.
+    struct Case {
+        QString fontName;
+        qsizetype fontNameBytes;
+    };
+    const Case cases[] = {{QStringLiteral("Sans"), 4 + 2 * 5}, {QString(), 4}};
+    for (const Case& c : cases) {
+        CharacterData character = syntheticCharacter({false, true});
+        character.palette[0] = 0x00112233;
+        character.balloon->background = QColor(0xFF, 0xFE, 0xE1);
+        character.balloon->fontName = c.fontName;
+        const QByteArray file = writeAcs(character);
+        const qsizetype balloon = u32At(file, 4) + CharacterInfoFixedBytes;
+        EXPECT_EQ(file.mid(balloon + 6, 4), QByteArray::fromHex("FFFEE100"));
+        const qsizetype palette = balloon + 14 + c.fontNameBytes + 10;
+        EXPECT_EQ(u32At(file, palette), 256u) << c.fontName.toStdString();
+        EXPECT_EQ(file.mid(palette + 4, 4), QByteArray::fromHex("33221100"));
+    }
+}
+
+// Unpaired UTF-16 surrogates come from careless tools; they must read as U+FFFD, not fail.
+TEST(AcsRoundTrip, ReplacesUnpairedSurrogates)
+{
+    CharacterData character = syntheticCharacter();
+    const QChar high(char16_t(0xD83D));
+    const QChar low(char16_t(0xDE00));
+    character.localizedInfo[1].name = QString(high) + QStringLiteral("a") + QString(low) +
+                                      QString(high) + QString(low) + QString(high);
+    const CharacterData read = readAcs(writeAcs(character));
+    const QChar bad = QChar::ReplacementCharacter;
+    EXPECT_EQ(read.localizedInfo[1].name, QString(bad) + QStringLiteral("a") + QString(bad) +
+                                              QString(high) + QString(low) + QString(bad));
 }
 
 TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)
