@@ -1,0 +1,164 @@
+#include "agent/runtime/CharacterWindow.h"
+
+#include "EngineTestSupport.h"
+#include "FakeSpeechOutput.h"
+#include "TestCharacter.h"
+#include "agent/engine/AgentEngine.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace agent;
+using namespace agent::engine;
+using namespace agent::engine::testing;
+using namespace agent::runtime::testing;
+
+namespace
+{
+
+constexpr int Left = 200;
+constexpr int Top = 150;
+
+// A 64 x 64 character whose only pose is a red 32 x 32 square in the middle.
+acs::CharacterData squareCharacter()
+{
+    acs::CharacterData character = blankCharacter(64, 64);
+    character.images.push_back(solidImage(32, 32, Red));
+    const std::uint32_t square = std::uint32_t(character.images.size() - 1);
+    character.animations = {animation(QStringLiteral("RestPose"), {frame({{square, 16, 16}})})};
+    return character;
+}
+
+QImage grabScreen()
+{
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(
+        QImage::Format_RGB32);
+}
+
+class CharacterWindowTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        EngineOptions options;
+        options.seed = 1;
+        options.timing.idleDelay = 600000;
+        engine = std::make_unique<AgentEngine>(std::make_unique<FakeSpeechOutput>(),
+                                               std::make_unique<FakeRecognizer>(), options);
+        engine->setEventSink(&events);
+        engine->Characters().Load(QStringLiteral("G"),
+                                  writeCharacterFile(folder, squareCharacter()));
+        character = &engine->Characters().Character(QStringLiteral("G"));
+        character->setIdleOn(false);
+        window = &character->runtime().window();
+    }
+
+    bool waitForEvent(const QString& event)
+    {
+        return QTest::qWaitFor([&] { return events.events.contains(event); }, 5000);
+    }
+
+    void showAt(int x, int y)
+    {
+        character->MoveTo(std::int16_t(x), std::int16_t(y));
+        character->Show(true);
+        ASSERT_TRUE(waitForEvent(QStringLiteral("Show G 0")));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        QTest::qWait(200);
+    }
+
+    QTemporaryDir folder;
+    RecordingEvents events;
+    std::unique_ptr<AgentEngine> engine;
+    EngineCharacter* character = nullptr;
+    runtime::CharacterWindow* window = nullptr;
+};
+
+TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
+{
+    ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb"));
+    const QImage before = grabScreen();
+    showAt(Left, Top);
+    const QImage after = grabScreen();
+
+    EXPECT_EQ(window->pos(), QPoint(Left, Top));
+    EXPECT_TRUE(window->windowFlags() & Qt::WindowStaysOnTopHint);
+    EXPECT_TRUE(window->windowFlags() & Qt::FramelessWindowHint);
+    for (const QPoint inside : {QPoint(16, 16), QPoint(47, 47), QPoint(30, 20)})
+        EXPECT_EQ(after.pixel(QPoint(Left, Top) + inside), rgba(Red))
+            << inside.x() << "," << inside.y();
+    for (const QPoint around : {QPoint(2, 2), QPoint(15, 30), QPoint(48, 48), QPoint(63, 0)}) {
+        const QPoint screen = QPoint(Left, Top) + around;
+        EXPECT_EQ(after.pixel(screen), before.pixel(screen))
+            << "the desktop shows through at " << around.x() << "," << around.y();
+    }
+    EXPECT_TRUE(window->mask().contains(QPoint(20, 20)));
+    EXPECT_FALSE(window->mask().contains(QPoint(5, 5))) << "no input on transparent pixels";
+
+    character->Hide();
+    ASSERT_TRUE(waitForEvent(QStringLiteral("Hide G 0")));
+    QTest::qWait(200);
+    EXPECT_EQ(grabScreen().pixel(Left + 30, Top + 30), before.pixel(Left + 30, Top + 30));
+}
+
+TEST_F(CharacterWindowTest, RightClickOpensThePopupMenu)
+{
+    platform::AgentCommands& commands = character->Commands();
+    commands.Add(QStringLiteral("Time"), QStringLiteral("What is the Time?"), {}, true, true);
+    commands.Add(QStringLiteral("Notes"), QStringLiteral("Notes && Reminders"), {}, false, true);
+    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes"), {}, true, false);
+    commands.Add(QStringLiteral(" "), QStringLiteral(" "), {}, false, true);
+    showAt(Left, Top);
+
+    QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000));
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QStringList texts;
+    for (const QAction* action : menu->actions())
+        texts << (action->isSeparator() ? QStringLiteral("----") : action->text()) +
+                     (action->isEnabled() ? "" : " (grey)");
+    EXPECT_EQ(texts, (QStringList{"What is the Time?", "Notes && Reminders (grey)", "----", "----",
+                                  "Hide"}));
+    ASSERT_TRUE(waitForEvent(QStringLiteral("Click G 2 0")));
+    EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 30, Top + 30));
+
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
+    ASSERT_TRUE(waitForEvent(QStringLiteral("Command Time")));
+
+    QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000));
+    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QTest::mouseClick(menu, Qt::LeftButton, {},
+                      menu->actionGeometry(menu->actions().last()).center());
+    ASSERT_TRUE(waitForEvent(QStringLiteral("Hide G 1"))) << "Hide picked by the user";
+    EXPECT_FALSE(character->Visible());
+}
+
+TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
+{
+    showAt(Left, Top);
+    QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(30, 30));
+    ASSERT_TRUE(waitForEvent(QStringLiteral("Click G 1 0")));
+
+    QTest::mousePress(window, Qt::LeftButton, {}, QPoint(30, 30));
+    const QPoint start = window->mapToGlobal(QPoint(30, 30));
+    for (const QPoint step : {QPoint(10, 5), QPoint(40, 25)}) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(30, 30) + step, QPointF(start + step),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window, &move);
+    }
+    QTest::mouseRelease(window, Qt::LeftButton, {}, window->mapFromGlobal(start + QPoint(40, 25)));
+    EXPECT_EQ(character->Left(), Left + 40);
+    EXPECT_EQ(character->Top(), Top + 25);
+    QTest::qWait(200);
+    EXPECT_EQ(window->pos(), QPoint(Left + 40, Top + 25));
+    EXPECT_EQ(events.events.count(QStringLiteral("Click G 1 0")), 1) << "a drag is not a click";
+}
+
+} // namespace
