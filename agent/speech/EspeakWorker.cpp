@@ -67,7 +67,6 @@ bool EspeakWorker::initialise()
     if (rate != SynthesizedSpeech::SampleRate)
         return false;
     m_initialised = true;
-    espeak_SetSynthCallback(onSynthesis);
     const char* dataPath = nullptr;
     espeak_Info(&dataPath);
     m_whisperInstalled =
@@ -122,6 +121,7 @@ std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id,
         balloon.startRun(run, capture.runStart);
         capture.gain = std::clamp(run.voice.volume, 0, 65535) / 65535.0;
         const QByteArray text = run.spoken.toUtf8();
+        espeak_SetSynthCallback(onSynthesis);
         const espeak_ERROR result =
             espeak_Synth(text.constData(), size_t(text.size() + 1), 0, POS_CHARACTER, 0,
                          espeakCHARS_UTF8, nullptr, &capture);
