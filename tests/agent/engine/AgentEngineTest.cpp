@@ -5,6 +5,7 @@
 #include "TestCharacter.h"
 #include "agent/engine/EngineErrors.h"
 #include "agent/sheet/EngineSettings.h"
+#include "agent/sheet/PropertySheet.h"
 
 #include <QFile>
 #include <QTest>
@@ -203,6 +204,18 @@ TEST_F(AgentEngineTest, SpeechFlags)
 
     AgentEngine deaf(std::make_unique<FakeSpeechOutput>(), nullptr);
     EXPECT_FALSE(deaf.SpeechInputInstalled());
+}
+
+TEST_F(AgentEngineTest, PropertySheetOpensOnThePageAsked)
+{
+    engine->setPropertySheetPage(QStringLiteral("Speech"));
+    engine->setPropertySheetVisible(true);
+    EXPECT_TRUE(engine->propertySheet().isVisible());
+    EXPECT_EQ(engine->propertySheet().page(), QStringLiteral("Speech"));
+    engine->setPropertySheetPage(QStringLiteral("Output"));
+    EXPECT_EQ(engine->propertySheet().page(), QStringLiteral("Output"));
+    engine->setPropertySheetVisible(false);
+    EXPECT_FALSE(engine->propertySheet().isVisible());
 }
 
 TEST_F(AgentEngineTest, ThrowingHandlersStayInsideTheEngine)
