@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
         TimelineCase{"NothingBeforeTheFirstWord",
                      u"Hi there"_qs,
                      {0},
-                     {{0, 1, 2, 500}},
+                     {{0, 4, 0, 100}, {0, 1, 2, 500}},
                      {{0, u""}, {499, u""}, {500, u"Hi"}}},
         TimelineCase{"OverlappingSpansNeverShrink",
                      u"It is 10:45 now"_qs,
