@@ -114,8 +114,12 @@ public:
     void ExitWindowsEx(unsigned flags, unsigned reserved) override
     {
         calls.push_back({flags, reserved});
+        if (onCall)
+            onCall();
     }
     std::vector<std::pair<unsigned, unsigned>> calls;
+    // Runs at each call, so that a test can see what had happened before it.
+    std::function<void()> onCall;
 };
 
 class FakeInstance : public platform::Instance {
