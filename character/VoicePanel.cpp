@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QGroupBox>
+#include <QLayout>
 #include <QPushButton>
 #include <QSlider>
 
@@ -43,5 +44,7 @@ void frmMain::mnuViewVoice_Click()
                        static_cast<QWidget*>(cmdDefaults)})
         w->setVisible(show);
     mnuViewVoice->setChecked(show);
+    // The window's minimum size must follow the panel before the new width can hold.
+    layout()->activate();
     setWidthTwips(show ? WidthWithPanel : WidthWithoutPanel);
 }

@@ -158,6 +158,7 @@ void FakeCharacters::Load(const QString& id, const QString& file)
         throw platform::RuntimeError(platform::errors::BadFileFormat, platform::AgentSource,
                                      QStringLiteral("not a character file: ") + file);
     loaded[id] = std::make_unique<FakeCharacter>(agent_, file);
+    loaded[id]->hasOtherClients = agent_.loadWithOtherClients;
 }
 
 platform::AgentCharacter& FakeCharacters::Character(const QString& id)

@@ -158,6 +158,8 @@ public:
     void throwIfFailing(const QString& call) const;
     // Files that Load refuses as not being character files.
     std::set<QString> badFiles;
+    // Characters loaded from now on report other clients.
+    bool loadWithOtherClients = false;
 
     // Status given to new requests; tests change single requests through requests.
     int newRequestStatus = platform::AgentRequest::Complete;
