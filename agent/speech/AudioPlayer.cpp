@@ -16,6 +16,7 @@ namespace
 constexpr qsizetype ChunkSamples = 512;
 constexpr auto PollInterval = std::chrono::milliseconds(10);
 constexpr auto DrainMargin = std::chrono::milliseconds(200);
+constexpr auto QuietSpell = std::chrono::seconds(10);
 
 void reportNoAudioOnce()
 {
@@ -27,6 +28,16 @@ void reportNoAudioOnce()
 
 } // namespace
 
+AudioPlayer::AudioPlayer(QObject* parent) : QObject(parent)
+{
+    m_release.setSingleShot(true);
+    m_release.setInterval(QuietSpell);
+    connect(&m_release, &QTimer::timeout, this, [this] {
+        joinThread();
+        m_server.reset();
+    });
+}
+
 AudioPlayer::~AudioPlayer()
 {
     stop();
@@ -35,6 +46,7 @@ AudioPlayer::~AudioPlayer()
 void AudioPlayer::play(std::shared_ptr<const SynthesizedSpeech> speech, bool audible)
 {
     stop();
+    m_release.stop();
     m_stopRequested = false;
     m_played = 0;
     m_thread = std::thread(&AudioPlayer::run, this, std::move(speech), audible, ++m_generation);
@@ -43,9 +55,15 @@ void AudioPlayer::play(std::shared_ptr<const SynthesizedSpeech> speech, bool aud
 void AudioPlayer::stop()
 {
     m_stopRequested = true;
+    joinThread();
+    ++m_generation;
+    m_release.start();
+}
+
+void AudioPlayer::joinThread()
+{
     if (m_thread.joinable())
         m_thread.join();
-    ++m_generation;
 }
 
 void AudioPlayer::run(std::shared_ptr<const SynthesizedSpeech> speech, bool audible,
@@ -97,8 +115,10 @@ void AudioPlayer::run(std::shared_ptr<const SynthesizedSpeech> speech, bool audi
     QMetaObject::invokeMethod(
         this,
         [this, generation] {
-            if (generation == m_generation)
-                emit finished();
+            if (generation != m_generation)
+                return;
+            m_release.start();
+            emit finished();
         },
         Qt::QueuedConnection);
 }

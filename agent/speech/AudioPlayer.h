@@ -4,6 +4,7 @@
 #include "agent/speech/SynthesizedSpeech.h"
 
 #include <QObject>
+#include <QTimer>
 #include <atomic>
 #include <memory>
 #include <thread>
@@ -17,7 +18,7 @@ class AudioPlayer : public QObject
 {
     Q_OBJECT
 public:
-    using QObject::QObject;
+    explicit AudioPlayer(QObject* parent = nullptr);
     ~AudioPlayer() override;
 
     // Stops what is playing and starts this; when not audible, it runs silently at its pace.
@@ -34,13 +35,17 @@ signals:
 
 private:
     void run(std::shared_ptr<const SynthesizedSpeech> speech, bool audible, quint64 generation);
+    void joinThread();
 
     std::thread m_thread;
     std::atomic<bool> m_stopRequested{false};
     std::atomic<qint64> m_played{0};
     quint64 m_generation = 0;
-    // Only the player's thread touches the connection; it is kept between utterances.
+    // Touched by the player's thread while it runs, otherwise by the GUI thread. Kept between
+    // utterances, so that speech starts at once, and given up after a quiet spell, so that
+    // the sound server does not list a stream that never plays.
     std::unique_ptr<PulseSink> m_server;
+    QTimer m_release;
 };
 
 } // namespace agent::speech
