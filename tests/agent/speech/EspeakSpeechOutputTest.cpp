@@ -24,6 +24,8 @@ protected:
     void SetUp() override
     {
         qunsetenv("PULSE_SERVER");
+        // A desktop session may name its sound server on the X display.
+        qunsetenv("DISPLAY");
         QFile config(clientConfig.filePath(u"client.conf"_qs));
         ASSERT_TRUE(config.open(QIODevice::WriteOnly));
         config.write("autospawn = no\n");
