@@ -14,10 +14,15 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTimer>
 
 namespace
 {
+
+// Timer events can arrive while a tick lets the event queue run; a tick never starts inside
+// another.
+bool TickRunning = false;
 
 // A file reading is sized one unit beyond its bytes; a long text gets a wider margin.
 constexpr int FileProgressMargin = 1;
@@ -129,6 +134,10 @@ void frmMain::mnuFileRead_Click()
 
 void frmMain::Timer2_Timer()
 {
+    if (TickRunning)
+        return;
+    TickRunning = true;
+    const auto tickEnded = qScopeGuard([] { TickRunning = false; });
     try {
         using platform::AgentRequest;
         const int status = app.LastRequest ? app.LastRequest->Status() : AgentRequest::Complete;

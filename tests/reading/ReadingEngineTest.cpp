@@ -1,0 +1,281 @@
+#include "ReadingFixture.h"
+#include "character/SayText.h"
+#include "core/Controls.h"
+#include "fakes/FakePlatform.h"
+
+#include <QAction>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using platform::AgentRequest;
+
+struct ReadingEngineTest : ReadingFixture, ::testing::Test {
+    bool idle()
+    {
+        return Tag(form().mnuFileRead) == QLatin1String("0") && !app.ReadingClip &&
+               !form().Timer2->isActive() && form().windowTitle() == QLatin1String("Quorl") &&
+               form().mnuFileRead->isEnabled() && !form().cmdStop->isEnabled() &&
+               !form().cmdNext->isEnabled() && !form().cmdCont->isEnabled();
+    }
+};
+
+TEST_F(ReadingEngineTest, StartingAFileReading)
+{
+    app.AnimateRead = QStringLiteral("1");
+    fp.agent->character()->visible = false;
+    readFile("one\n");
+    ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
+    EXPECT_EQ(fp.dialogs.fileRequests[0].filter,
+              QStringLiteral("Text Files (*.txt) |*.txt|All Files (*.*) |*.*"));
+    EXPECT_EQ(fp.dialogs.fileRequests[0].title, QStringLiteral("Open Text File to Read.."));
+    EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)", "Show(0)"}));
+    EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
+    EXPECT_TRUE(form().Timer2->isActive());
+    EXPECT_EQ(Tag(form().mnuFileRead), QStringLiteral("1"));
+    EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading ") + form().ReadFileName);
+    EXPECT_TRUE(form().ReadFileName.endsWith(QStringLiteral("text.txt")));
+}
+
+TEST_F(ReadingEngineTest, CancelledDialogFreesTheOptions)
+{
+    form().cmdOptions->setEnabled(false);
+    form().mnuFileOptions->setEnabled(false);
+    form().mnuQuorlApp->setEnabled(false);
+    form().mnuFileRead_Click();
+    EXPECT_TRUE(form().cmdOptions->isEnabled());
+    EXPECT_TRUE(form().mnuFileOptions->isEnabled());
+    EXPECT_TRUE(form().mnuQuorlApp->isEnabled());
+    EXPECT_FALSE(form().Timer2->isActive());
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+}
+
+TEST_F(ReadingEngineTest, FileThatCannotBeOpened)
+{
+    fp.dialogs.files.push_back(dir.filePath(QStringLiteral("gone.txt")));
+    form().mnuFileRead_Click();
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Critical);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("File Error"));
+    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("File not found"));
+    EXPECT_EQ(Tag(form().mnuFileRead), QStringLiteral("0"));
+    EXPECT_FALSE(form().Timer2->isActive());
+    EXPECT_FALSE(app.ReadingFile.isOpen());
+}
+
+TEST_F(ReadingEngineTest, FailingAnimationClosesTheFile)
+{
+    app.AnimateRead = QStringLiteral("1");
+    fp.agent->failCalls(QStringLiteral("Play(Read)"),
+                        platform::RuntimeError(-2147213303, platform::AgentSource,
+                                               QStringLiteral("No such animation")));
+    readFile("one\n");
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("No such animation"));
+    EXPECT_FALSE(app.ReadingFile.isOpen());
+    EXPECT_FALSE(form().Timer2->isActive());
+}
+
+TEST_F(ReadingEngineTest, OneLineFileEndsOnTheTickThatSpeaksIt)
+{
+    app.AnimateRead = QStringLiteral("1");
+    readFile("Hello there.\r\n");
+    form().Timer2_Timer();
+    EXPECT_EQ(spoken(), QStringList({"Hello there."}));
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(fp.agent->calls.back(), QStringLiteral("Play(ReadReturn)"));
+    EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("Hello there."));
+    EXPECT_FALSE(app.ReadingFile.isOpen());
+}
+
+TEST_F(ReadingEngineTest, LinesBlankLinesAndLineEnds)
+{
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        QStringList spoken;
+        int ticks;
+    };
+    const Case cases[] = {
+        {"LF", "one\ntwo\n", {"one", "two"}, 2},
+        {"CR", "one\rtwo\r", {"one", "two"}, 2},
+        {"CR LF", "one\r\ntwo\r\n", {"one", "two"}, 2},
+        {"blank lines skipped", "one\r\n\r\n   \r\n\r\ntwo", {"one", "two"}, 2},
+        {"trailing blank lines end with the last text", "one\n\n  \n\n", {"one"}, 2},
+        {"blank first lines", "\n\n\nthree", {"three"}, 1},
+        {"empty file", "", {}, 1},
+    };
+    for (const Case& c : cases) {
+        fp.agent->calls.clear();
+        readFile(c.bytes);
+        EXPECT_EQ(tickToEnd(), c.ticks) << c.name;
+        EXPECT_EQ(spoken(), c.spoken) << c.name;
+        EXPECT_TRUE(idle()) << c.name;
+    }
+}
+
+TEST_F(ReadingEngineTest, SingleByteAndUtf8FilesReadAlike)
+{
+    const QString expected =
+        QString::fromUtf8("Caf\xC3\xA9 \xE2\x80\x9Cna\xC3\xAFve\xE2\x80\x9D \xE2\x82\xAC"
+                          "5");
+    for (const QByteArray& bytes : {QByteArray("Caf\xE9 \x93na\xEFve\x94 \x80"
+                                               "5\r\n"),
+                                    expected.toUtf8() + "\r\n"}) {
+        fp.agent->calls.clear();
+        readFile(bytes);
+        tickToEnd();
+        EXPECT_EQ(spoken(), QStringList({expected})) << bytes.toHex().constData();
+    }
+}
+
+TEST_F(ReadingEngineTest, TickWaitsForTheLastRequest)
+{
+    const struct {
+        int status;
+        bool feeds;
+    } cases[] = {
+        {AgentRequest::Complete, true},    {AgentRequest::Failed, true},
+        {AgentRequest::Interrupted, true}, {AgentRequest::Pending, false},
+        {AgentRequest::InProgress, false},
+    };
+    for (const auto& c : cases) {
+        fp.agent->calls.clear();
+        app.LastRequest.reset();
+        readFile("one\ntwo\n");
+        form().Timer2_Timer();
+        fp.agent->lastRequest()->status = c.status;
+        form().Timer2_Timer();
+        EXPECT_EQ(spoken().size(), c.feeds ? 2 : 1) << c.status;
+        form().cmdStop_Click();
+    }
+}
+
+TEST_F(ReadingEngineTest, LongLineInPiecesEndsWithItsLastPiece)
+{
+    QString line;
+    while (line.size() < 1000)
+        line += QStringLiteral("word%1 ").arg(line.size());
+    readFile(line.toUtf8() + "\n");
+    const int ticks = tickToEnd();
+    const QStringList pieces = spoken();
+    EXPECT_EQ(ticks, pieces.size());
+    EXPECT_EQ(pieces.join(QString()), line);
+    for (const QString& piece : pieces)
+        EXPECT_LE(piece.size(), 200);
+    EXPECT_EQ(form().Splitting, 0);
+    EXPECT_TRUE(idle());
+}
+
+// A line longer than the reader's segments is cut exactly as if it had been read whole.
+TEST_F(ReadingEngineTest, HugeLineWithoutSpaces)
+{
+    QString line;
+    for (int i = 0; i < 150011; ++i)
+        line += QChar(i % 3 == 0 ? 0x00E9 : u'a' + i % 26);
+    readFile(line.toUtf8() + "\r\nafter\r\n");
+    tickToEnd();
+    const QStringList pieces = spoken();
+    ASSERT_EQ(pieces.size(), 752);
+    for (qsizetype i = 0; i < 750; ++i)
+        ASSERT_EQ(pieces[i].size(), 200) << i;
+    EXPECT_EQ(pieces[750].size(), 11);
+    EXPECT_EQ(pieces.mid(0, 751).join(QString()), line);
+    EXPECT_EQ(pieces.back(), QStringLiteral("after"));
+}
+
+TEST_F(ReadingEngineTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
+{
+    readFile(QByteArray(1000, 'a') + "\nold second\n", QStringLiteral("old.txt"));
+    form().Timer2_Timer();
+    form().Timer2_Timer();
+    EXPECT_EQ(form().Splitting, 1);
+    form().cmdStop_Click();
+    EXPECT_TRUE(idle());
+
+    fp.agent->calls.clear();
+    readFile("new first\nnew second\n", QStringLiteral("new.txt"));
+    tickToEnd();
+    EXPECT_EQ(spoken(), QStringList({"new first", "new second"}));
+}
+
+TEST_F(ReadingEngineTest, ProgressOfALargeFileStaysWithinTheBar)
+{
+    QByteArray bytes;
+    while (bytes.size() < 40000)
+        bytes += QByteArray(99, 'x') + '\n';
+    bytes.truncate(40000);
+    readFile(bytes);
+    EXPECT_EQ(form().ProgressBar1->maximum(), 32701);
+    EXPECT_FLOAT_EQ(app.ProgressScale, 0.8175f);
+    int highest = 0;
+    while (form().Timer2->isActive()) {
+        form().Timer2_Timer();
+        highest = std::max(highest, form().ProgressBar1->value());
+    }
+    // Line ends are not counted, so the bar ends short of its maximum.
+    EXPECT_GT(highest, 32000);
+    EXPECT_LE(highest, 32701);
+    EXPECT_EQ(form().ProgressBar1->value(), 0);
+}
+
+TEST_F(ReadingEngineTest, LongTextIsReadInPiecesWithItsOwnMargin)
+{
+    QString text;
+    for (int i = 0; text.size() < 40000; ++i)
+        text += QStringLiteral("%1 ").arg(i);
+    text.truncate(40000);
+    SayText(app, text, false);
+    EXPECT_EQ(form().ProgressBar1->maximum(), 32710);
+    EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading From Clip Board"));
+    int highest = 0;
+    while (form().Timer2->isActive()) {
+        form().Timer2_Timer();
+        highest = std::max(highest, form().ProgressBar1->value());
+        EXPECT_EQ(form().txtText->toPlainText(), spoken().back());
+    }
+    EXPECT_EQ(spoken().join(QString()), text);
+    // Stop puts the bar back to 0 on the tick of the last piece.
+    EXPECT_NEAR(app.ProgressPos, 32700.0f, 1.0f);
+    EXPECT_LT(highest, 32700);
+    EXPECT_GT(highest, 32400);
+    EXPECT_TRUE(idle());
+}
+
+TEST_F(ReadingEngineTest, FailingTickIsReportedAndTheTimerRunsOn)
+{
+    readFile("one\ntwo\n");
+    fp.agent->failCalls(QStringLiteral("Speak("),
+                        platform::RuntimeError(-2147024809, platform::AgentSource,
+                                               QStringLiteral("The parameter is incorrect.")));
+    form().Timer2_Timer();
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Unknown Error"));
+    EXPECT_TRUE(fp.dialogs.boxes[0].text.contains(QStringLiteral("( 2 ) -2147024809")))
+        << fp.dialogs.boxes[0].text.toStdString();
+    EXPECT_TRUE(form().Timer2->isActive());
+}
+
+// Clicks and timer events run while a piece is cut.
+TEST_F(ReadingEngineTest, EventsDuringATick)
+{
+    app.AnimateRead = QStringLiteral("1");
+    readFile(QByteArray(1000, 'a') + "\nsecond\n");
+    QMetaObject::invokeMethod(
+        &form(), [this] { form().Timer2_Timer(); }, Qt::QueuedConnection);
+    form().Timer2_Timer();
+    EXPECT_EQ(spoken().size(), 1) << "a tick ran inside another";
+
+    QMetaObject::invokeMethod(
+        &form(), [this] { form().cmdStop_Click(); }, Qt::QueuedConnection);
+    form().Timer2_Timer();
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(spoken().size(), 2) << "the piece cut when Stop came still goes out";
+    EXPECT_EQ(fp.agent->calls.filter(QStringLiteral("ReadReturn")).size(), 1);
+}
+
+} // namespace

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "core/App.h"
+#include "core/frmMain.h"
+#include "fakes/FakePlatform.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <memory>
+
+// The main window with a visible character "G" and no animation, and text files in a
+// temporary folder.
+struct ReadingFixture {
+    ReadingFixture()
+    {
+        app.Agent1 = fp.platform.createAgent();
+        app.MainForm = std::make_unique<frmMain>(app);
+        app.Agent1->setEventSink(app.MainForm.get());
+        fp.agent->characters.Load(QStringLiteral("G"), QStringLiteral("x.acs"));
+        app.Character = &fp.agent->characters.Character(QStringLiteral("G"));
+        fp.agent->character()->visible = true;
+        app.AnimateRead = QStringLiteral("0");
+        fp.agent->calls.clear();
+    }
+
+    frmMain& form() { return *app.MainForm; }
+
+    QString writeFile(const QByteArray& bytes, const QString& name = QStringLiteral("text.txt"))
+    {
+        const QString path = dir.filePath(name);
+        QFile file(path);
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+        return path;
+    }
+
+    // Picks the file in the open dialog of "Read Text File".
+    void readFile(const QByteArray& bytes, const QString& name = QStringLiteral("text.txt"))
+    {
+        fp.dialogs.files.push_back(writeFile(bytes, name));
+        form().mnuFileRead_Click();
+    }
+
+    // The texts spoken, without the character tag in front.
+    QStringList spoken() const
+    {
+        QStringList texts;
+        for (const QString& line : fp.agent->spoken())
+            texts << line.mid(QStringLiteral("\\chr=\"normal\"\\").size());
+        return texts;
+    }
+
+    // Ticks until the reading stops or the limit is reached; returns the ticks run.
+    int tickToEnd(int limit = 100000)
+    {
+        int ticks = 0;
+        while (form().Timer2->isActive() && ticks < limit) {
+            form().Timer2_Timer();
+            ++ticks;
+        }
+        return ticks;
+    }
+
+    fakes::FakePlatform fp;
+    App app{fp.platform};
+    QTemporaryDir dir;
+};

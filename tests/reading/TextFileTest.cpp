@@ -1,0 +1,181 @@
+#include "reading/TextFile.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+struct TextFileTest : ::testing::Test {
+    QString write(const QByteArray& bytes)
+    {
+        const QString path = dir.filePath(QStringLiteral("t.txt"));
+        QFile file(path);
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+        return path;
+    }
+
+    QStringList lines(const QByteArray& bytes)
+    {
+        file.open(write(bytes));
+        QStringList result;
+        while (!file.atEnd())
+            result << file.readLine();
+        return result;
+    }
+
+    QTemporaryDir dir;
+    TextFile file;
+};
+
+TEST_F(TextFileTest, LineEnds)
+{
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        QStringList lines;
+    };
+    const Case cases[] = {
+        {"LF", "one\ntwo\n", {"one", "two"}},
+        {"CR", "one\rtwo\r", {"one", "two"}},
+        {"CR LF", "one\r\ntwo\r\n", {"one", "two"}},
+        {"mixed", "a\rb\nc\r\nd", {"a", "b", "c", "d"}},
+        {"no final line end", "one\r\ntwo", {"one", "two"}},
+        {"LF CR is two line ends", "a\n\rb", {"a", "", "b"}},
+        {"blank lines kept", "a\n\n\nb\n", {"a", "", "", "b"}},
+        {"a lone line end", "\r\n", {""}},
+        {"empty file", "", {}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(lines(c.bytes), c.lines) << c.name;
+        EXPECT_EQ(file.size(), c.bytes.size()) << c.name;
+    }
+}
+
+TEST_F(TextFileTest, EncodingFollowsTheWholeFile)
+{
+    const QString expected =
+        QString::fromUtf8("caf\xC3\xA9 \xE2\x80\x9Cq\xE2\x80\x9D \xE2\x82\xAC");
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        bool utf8;
+        QStringList lines;
+    };
+    const Case cases[] = {
+        {"UTF-8", "caf\xC3\xA9 \xE2\x80\x9Cq\xE2\x80\x9D \xE2\x82\xAC\r\n", true, {expected}},
+        {"Windows-1252", "caf\xE9 \x93q\x94 \x80\r\n", false, {expected}},
+        {"UTF-8 with byte order mark", "\xEF\xBB\xBFone\r\ntwo", true, {"one", "two"}},
+        {"undefined Windows-1252 byte",
+         "a\x81"
+         "b",
+         false,
+         {QStringLiteral("a\u0081b")}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(lines(c.bytes), c.lines) << c.name;
+        EXPECT_EQ(file.isUtf8(), c.utf8) << c.name;
+    }
+}
+
+// One stray byte far beyond the first block makes the whole file single-byte text.
+TEST_F(TextFileTest, LateStrayByteMakesTheWholeFileSingleByte)
+{
+    QByteArray bytes = "caf\xC3\xA9\n";
+    for (int i = 0; i < 200; ++i)
+        bytes += QByteArray(999, 'x') + '\n';
+    bytes += "\xE9";
+    const QStringList read = lines(bytes);
+    EXPECT_FALSE(file.isUtf8());
+    ASSERT_EQ(read.size(), 202);
+    EXPECT_EQ(read.front(), QStringLiteral("caf\u00C3\u00A9"));
+    EXPECT_EQ(read.back(), QStringLiteral("\u00E9"));
+}
+
+TEST_F(TextFileTest, LongLineComesInSegmentsThatJoinToTheLine)
+{
+    // Two-byte characters, so that a segment boundary falls inside a character unless the
+    // reader avoids it; an odd count of bytes before them shifts the boundaries.
+    const QString line =
+        QStringLiteral("x") + QString(150000, QChar(0x00E9)) + QStringLiteral(" end");
+    file.open(write(line.toUtf8() + "\r\nnext\r\n"));
+
+    QString joined = file.readLine();
+    int segments = 1;
+    EXPECT_TRUE(file.lineContinues());
+    EXPECT_FALSE(file.atEnd()) << "the line \"next\" follows";
+    while (file.lineContinues()) {
+        const QString segment = file.readMore();
+        EXPECT_FALSE(segment.isEmpty());
+        EXPECT_LE(segment.toUtf8().size(), TextFile::SegmentBytes);
+        joined += segment;
+        ++segments;
+    }
+    EXPECT_EQ(joined, line);
+    EXPECT_EQ(segments, 5);
+    EXPECT_EQ(file.readLine(), QStringLiteral("next"));
+    EXPECT_TRUE(file.atEnd());
+}
+
+TEST_F(TextFileTest, ReadLinePassesOverTheRestOfALongLine)
+{
+    const QByteArray longLine(3 * TextFile::SegmentBytes, 'a');
+    file.open(write(longLine + "\nsecond"));
+    EXPECT_EQ(file.readLine().size(), TextFile::SegmentBytes);
+    EXPECT_EQ(file.readLine(), QStringLiteral("second"));
+    EXPECT_FALSE(file.lineContinues());
+    EXPECT_TRUE(file.atEnd());
+}
+
+TEST_F(TextFileTest, EndIsKnownWhileTheLastLineIsStillInSegments)
+{
+    file.open(write(QByteArray(2 * TextFile::SegmentBytes, 'a') + "\r\n"));
+    file.readLine();
+    EXPECT_TRUE(file.lineContinues());
+    EXPECT_TRUE(file.atEnd()) << "no line follows the one in hand";
+}
+
+TEST_F(TextFileTest, BlankRestOfLongLine)
+{
+    struct Case {
+        const char* name;
+        QByteArray tail;
+        bool blank;
+    };
+    const Case cases[] = {
+        {"spaces to the end", QByteArray(TextFile::SegmentBytes * 2, ' '), true},
+        {"a word after many spaces", QByteArray(TextFile::SegmentBytes * 2, ' ') + "word", false},
+        {"a tab counts as text", QByteArray(TextFile::SegmentBytes * 2, ' ') + "\t", false},
+    };
+    for (const Case& c : cases) {
+        file.open(write(QByteArray(TextFile::SegmentBytes, 'a') + c.tail + "\nnext"));
+        file.readLine();
+        ASSERT_TRUE(file.lineContinues()) << c.name;
+        EXPECT_EQ(file.restOfLineBlank(), c.blank) << c.name;
+    }
+}
+
+TEST_F(TextFileTest, MissingFileAndClosedFile)
+{
+    try {
+        file.open(dir.filePath(QStringLiteral("missing.txt")));
+        FAIL() << "no error";
+    } catch (const platform::RuntimeError& error) {
+        EXPECT_EQ(error.Number, platform::errors::FileNotFound);
+        EXPECT_EQ(error.Description, QStringLiteral("File not found"));
+    }
+    EXPECT_THROW(file.open(dir.path()), platform::RuntimeError);
+
+    file.open(write("one\ntwo\n"));
+    file.readLine();
+    file.close();
+    EXPECT_TRUE(file.atEnd());
+    EXPECT_TRUE(file.readLine().isEmpty());
+}
+
+} // namespace
