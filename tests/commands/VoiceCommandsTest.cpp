@@ -1,0 +1,224 @@
+#include "commands/VoiceCommands.h"
+
+#include "commands/CharacterFixture.h"
+
+namespace
+{
+
+const platform::RuntimeError Refused(1234, QStringLiteral("Agent.Control.1"),
+                                     QStringLiteral("refused"));
+
+struct Entry {
+    QString name, caption, voice;
+    bool enabled, visible;
+};
+
+class VoiceCommandsTest : public CharacterFixture
+{
+protected:
+    std::vector<Entry> entries()
+    {
+        std::vector<Entry> list;
+        platform::AgentCommands& commands = character().Commands();
+        for (int i = 0; i < commands.Count(); ++i) {
+            platform::AgentCommand& c = commands.At(i);
+            list.push_back({c.Name(), c.Caption(), c.Voice(), c.Enabled(), c.Visible()});
+        }
+        return list;
+    }
+
+    void expectEntries(const std::vector<Entry>& expected)
+    {
+        const std::vector<Entry> actual = entries();
+        ASSERT_EQ(actual.size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            SCOPED_TRACE(i + 1);
+            EXPECT_EQ(actual[i].name, expected[i].name);
+            EXPECT_EQ(actual[i].caption, expected[i].caption);
+            EXPECT_EQ(actual[i].voice, expected[i].voice);
+            EXPECT_EQ(actual[i].enabled, expected[i].enabled);
+            EXPECT_EQ(actual[i].visible, expected[i].visible);
+        }
+    }
+};
+
+TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesAndTwelveValues)
+{
+    SetVoiceCommands(app);
+
+    expectEntries({
+        {"Clip", "Read From Clip Board", "Clip Board", true, true},
+        {"Notes", "Notes && Reminders", "Notes", true, true},
+        {"Time", "What is the Time?", "What is the time", true, true},
+        {"Date", "What is the Date?", "What is the date", true, true},
+        {"Shut", "Shut Down Windows", "Shut Down", true, true},
+        {"Restart", "Restart Windows", "Restart Windows", true, true},
+        {"CloseQuorl", "Close Quorl", "(Quit Quorl | Close Quorl)", true, true},
+        {"Yes", "Yes", "(Yes)", false, false},
+        {"No", "No", "(No)", false, false},
+        {" ", " ", " ", false, true},
+    });
+    EXPECT_EQ(character().Commands().Caption(), QStringLiteral("Quorl"));
+    EXPECT_EQ(character().Commands().Voice(), QStringLiteral("Quorl"));
+    EXPECT_TRUE(character().Commands().Visible());
+
+    const std::pair<QString, QString> values[] = {
+        {"TimeCmd", "What is the time"},
+        {"DateCmd", "What is the date"},
+        {"ShutCmd", "Shut Down"},
+        {"NotesCmd", "Notes"},
+        {"ClipCmd", "Clip Board"},
+        {"RestartCmd", "Restart Windows"},
+        {"EnReadClip", "1"},
+        {"EnNotes", "1"},
+        {"EnTime", "1"},
+        {"EnDate", "1"},
+        {"EnRestart", "1"},
+        {"Shutdown", "1"},
+    };
+    for (const auto& [name, value] : values)
+        EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
+    EXPECT_EQ(fp.store.valueCount(), 12);
+}
+
+TEST_F(VoiceCommandsTest, TheListIsBuiltInItsOrderWithTheFlagsInTheirOwn)
+{
+    SetVoiceCommands(app);
+    const QStringList expected{
+        "Commands.RemoveAll()",
+        "Commands.Caption=Quorl",
+        "Commands.Voice=Quorl",
+        "Commands.Visible=1",
+        "Commands.Add(Clip,Read From Clip Board,Clip Board,1,1)",
+        "Commands.Add(Notes,Notes && Reminders,Notes,1,1)",
+        "Commands.Add(Time,What is the Time?,What is the time,1,1)",
+        "Commands.Add(Date,What is the Date?,What is the date,1,1)",
+        "Commands.Add(Shut,Shut Down Windows,Shut Down,1,1)",
+        "Commands.Add(Restart,Restart Windows,Restart Windows,1,1)",
+        "Command(Clip).Enabled=1",
+        "Command(Clip).Visible=1",
+        "Command(Notes).Enabled=1",
+        "Command(Notes).Visible=1",
+        "Command(Time).Enabled=1",
+        "Command(Time).Visible=1",
+        "Command(Date).Enabled=1",
+        "Command(Date).Visible=1",
+        "Command(Restart).Enabled=1",
+        "Command(Restart).Visible=1",
+        "Command(Shut).Enabled=1",
+        "Command(Shut).Visible=1",
+        "Commands.Add(CloseQuorl,Close Quorl,(Quit Quorl | Close Quorl),1,1)",
+        "Commands.Add(Yes,Yes,(Yes),0,0)",
+        "Commands.Add(No,No,(No),0,0)",
+        "Commands.Add( , , ,0,1)",
+    };
+    EXPECT_EQ(fp.agent->calls, expected);
+}
+
+TEST_F(VoiceCommandsTest, StoredVoiceTextsAreTheGrammars)
+{
+    fp.store.setValue("TimeCmd", "Tell me the time");
+    fp.store.setValue("ClipCmd", "(Read|Clip)");
+    SetVoiceCommands(app);
+    EXPECT_EQ(character().Commands().Command("Time").Voice(), QStringLiteral("Tell me the time"));
+    EXPECT_EQ(character().Commands().Command("Clip").Voice(), QStringLiteral("(Read|Clip)"));
+    EXPECT_EQ(fp.store.value("TimeCmd"), QStringLiteral("Tell me the time"));
+}
+
+TEST_F(VoiceCommandsTest, AnEnableFlagActsByTheNumberItsTextBeginsWith)
+{
+    const struct {
+        QString flag;
+        bool on;
+    } cases[] = {{"0", false},   {"1", true},   {"2", true},  {"abc", false},
+                 {"0.0", false}, {" 1x", true}, {"-1", true}, {"x1", false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.flag.toStdString());
+        fp.store.setValue("EnNotes", c.flag);
+        SetVoiceCommands(app);
+        platform::AgentCommand& notes = character().Commands().At(1);
+        EXPECT_EQ(notes.Name(), QStringLiteral("Notes"));
+        EXPECT_EQ(notes.Enabled(), c.on);
+        EXPECT_EQ(notes.Visible(), c.on);
+        EXPECT_EQ(character().Commands().At(2).Name(), QStringLiteral("Time"));
+        EXPECT_TRUE(character().Commands().At(0).Enabled());
+    }
+}
+
+TEST_F(VoiceCommandsTest, WithoutSpeechInputTheValuesAreReadAndTheListIsUntouched)
+{
+    character().Commands().Add(" 1", "Editor", "Editor", true, true);
+    fp.agent->calls.clear();
+    fp.agent->speechInputInstalled = false;
+
+    SetVoiceCommands(app);
+
+    EXPECT_TRUE(fp.agent->calls.isEmpty());
+    EXPECT_EQ(character().Commands().Count(), 1);
+    EXPECT_EQ(fp.store.value("RestartCmd"), QStringLiteral("Restart Windows"));
+    EXPECT_EQ(fp.store.value("EnRestart"), std::nullopt);
+}
+
+TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsAndLeavesYesAndNoDisabled)
+{
+    SetVoiceCommands(app);
+    character().Commands().Add(" 1", "Editor", "Editor", true, true);
+    character().Commands().Command("Yes").setEnabled(true);
+    character().Commands().Command("No").setEnabled(true);
+
+    SetVoiceCommands(app);
+
+    EXPECT_EQ(character().Commands().Count(), 10);
+    EXPECT_FALSE(character().Commands().Command("Yes").Enabled());
+    EXPECT_FALSE(character().Commands().Command("No").Enabled());
+    EXPECT_EQ(character().Commands().At(9).Name(), QStringLiteral(" "));
+}
+
+TEST_F(VoiceCommandsTest, AFailedEntryIsReportedAndTheRestIsBuilt)
+{
+    fp.agent->failCalls("Commands.Add(Notes", Refused);
+    SetVoiceCommands(app);
+
+    QStringList names;
+    for (const Entry& e : entries())
+        names << e.name;
+    EXPECT_EQ(names, QStringList({"Clip", "Time", "Date", "Shut", "Restart", "CloseQuorl", "Yes",
+                                  "No", " "}));
+    // Only the Add is reported: the flag's search for the missing entry fails with an
+    // error that the reporter passes over.
+    ASSERT_EQ(errorBoxes().size(), 1);
+    EXPECT_TRUE(errorBoxes()[0].contains("( 5 )"));
+}
+
+TEST_F(VoiceCommandsTest, EnableVoiceCommReportsAFailureAndLeavesTheEntry)
+{
+    SetVoiceCommands(app);
+    fp.agent->calls.clear();
+    fp.agent->failCalls("Commands.Command(Time", Refused);
+
+    EnableVoiceComm(app, "Time", "EnTime");
+
+    EXPECT_TRUE(callsStartingWith("Command(Time)").isEmpty());
+    ASSERT_EQ(errorBoxes().size(), 1);
+    EXPECT_TRUE(errorBoxes()[0].contains("( 15 )"));
+}
+
+TEST_F(VoiceCommandsTest, ShowVoiceCommsSwitchesTheGroupOnlyAndIgnoresErrors)
+{
+    SetVoiceCommands(app);
+    fp.agent->calls.clear();
+
+    ShowVoiceComms(app, false);
+    EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Visible=0"});
+    EXPECT_TRUE(character().Commands().Command("Clip").Visible());
+    ShowVoiceComms(app, true);
+    EXPECT_TRUE(character().Commands().Visible());
+
+    fp.agent->failCalls("Commands.Visible", Refused);
+    ShowVoiceComms(app, false);
+    app.Character = nullptr;
+    ShowVoiceComms(app, true);
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+}
+
+} // namespace
