@@ -9,6 +9,7 @@
 #include "platform/RuntimeError.h"
 
 #include <QPushButton>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -67,8 +68,9 @@ void MoveToStoredPosition(App& app)
                                        screen.Width() / screen.TwipsPerPixelX() - EdgeMargin);
     const QString y = StoredCoordinate(app, QStringLiteral("Y"),
                                        screen.Height() / screen.TwipsPerPixelY() - EdgeMargin);
-    app.LastRequest = CurrentCharacter(app).MoveTo(std::int16_t(Conversions::Val(x)),
-                                                   std::int16_t(Conversions::Val(y)));
+    app.LastRequest =
+        CurrentCharacter(app).MoveTo(std::int16_t(std::nearbyint(Conversions::Val(x))),
+                                     std::int16_t(std::nearbyint(Conversions::Val(y))));
 }
 
 bool SettingIsOn(App& app, const QString& name)

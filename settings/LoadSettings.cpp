@@ -54,7 +54,7 @@ void LoadSlider(App& app, const QString& name, QSlider* slider)
         value = QString::number(slider->value());
         app.Settings.Write(name, value);
     }
-    slider->setValue(int(std::lround(Conversions::Val(value))));
+    slider->setValue(int(std::nearbyint(Conversions::Val(value))));
 }
 
 void LoadWindowSettings(App& app)
