@@ -39,9 +39,8 @@ void frmMain::sdrVolume_Change()
 void frmMain::mnuViewVoice_Click()
 {
     const bool show = !mnuViewVoice->isChecked();
-    for (QWidget* w : {static_cast<QWidget*>(Frame1), static_cast<QWidget*>(sdrPitch),
-                       static_cast<QWidget*>(sdrSpeed), static_cast<QWidget*>(sdrVolume),
-                       static_cast<QWidget*>(cmdDefaults)})
+    const QList<QWidget*> panel{Frame1, sdrPitch, sdrSpeed, sdrVolume, cmdDefaults};
+    for (QWidget* w : panel)
         w->setVisible(show);
     mnuViewVoice->setChecked(show);
     // The window's minimum size must follow the panel before the new width can hold.
