@@ -78,6 +78,54 @@ bool SettingIsOn(App& app, const QString& name)
     return Conversions::Val(app.Settings.Get(name, QStringLiteral("1"))) == 1;
 }
 
+using Steps = std::vector<std::function<void()>>;
+
+// Bringing the file in, up to the voice defaults; a character kept loaded skips these.
+Steps LoadingSteps(App& app, const QString& File)
+{
+    return {
+        [&] { app.Agent1->Characters().Load(CharacterId, File); },
+        [&] { app.Character = &app.Agent1->Characters().Character(CharacterId); },
+        [&] {
+            if (!CurrentCharacter(app).HasOtherClients())
+                return;
+            app.P.dialogs.MsgBox(BoxIcon::Warning, BoxButtons::OK,
+                                 QStringLiteral("Character is in use"),
+                                 QStringLiteral("This Character is in use by another application. "
+                                                "If you get any errors, please close the other "
+                                                "application."));
+        },
+        [&] { MoveToStoredPosition(app); },
+        [&] { ApplyVoiceDefaults(app); },
+    };
+}
+
+// The command list, the stored path and the character options.
+Steps OptionSteps(App& app, const QString& File)
+{
+    return {
+        [&] { SetVoiceCommands(app); },
+        [&] { app.Settings.Write(QStringLiteral("Character"), File); },
+        [&] {
+            const bool on = SettingIsOn(app, QStringLiteral("SoundEffects"));
+            CurrentCharacter(app).setSoundEffectsOn(on);
+        },
+        [&] {
+            const bool on = SettingIsOn(app, QStringLiteral("IdleAnimations"));
+            CurrentCharacter(app).setIdleOn(on);
+        },
+        [&] {
+            if (SettingIsOn(app, QStringLiteral("Show")))
+                app.LastRequest = CurrentCharacter(app).Show();
+        },
+        [&] {
+            const bool visible = CurrentCharacter(app).Visible();
+            app.MainForm->cmdShow->setText(visible ? QStringLiteral("&Hide")
+                                                   : QStringLiteral("&Show"));
+        },
+    };
+}
+
 } // namespace
 
 void LoadCharacter(App& app, bool FirstLoad, QString& File, bool KeepLoaded)
@@ -89,46 +137,11 @@ void LoadCharacter(App& app, bool FirstLoad, QString& File, bool KeepLoaded)
         app.Agent1->Characters().Unload(CharacterId);
     }
 
-    std::vector<std::function<void()>> steps;
-    if (!KeepLoaded) {
-        steps = {
-            [&] { app.Agent1->Characters().Load(CharacterId, File); },
-            [&] { app.Character = &app.Agent1->Characters().Character(CharacterId); },
-            [&] {
-                if (!CurrentCharacter(app).HasOtherClients())
-                    return;
-                app.P.dialogs.MsgBox(BoxIcon::Warning, BoxButtons::OK,
-                                     QStringLiteral("Character is in use"),
-                                     QStringLiteral("This Character is in use by another "
-                                                    "application. If you get any errors, please "
-                                                    "close the other application."));
-            },
-            [&] { MoveToStoredPosition(app); },
-            [&] { ApplyVoiceDefaults(app); },
-        };
-    }
-    steps.insert(steps.end(), {
-                                  [&] { SetVoiceCommands(app); },
-                                  [&] { app.Settings.Write(QStringLiteral("Character"), File); },
-                                  [&] {
-                                      CurrentCharacter(app).setSoundEffectsOn(
-                                          SettingIsOn(app, QStringLiteral("SoundEffects")));
-                                  },
-                                  [&] {
-                                      CurrentCharacter(app).setIdleOn(
-                                          SettingIsOn(app, QStringLiteral("IdleAnimations")));
-                                  },
-                                  [&] {
-                                      if (SettingIsOn(app, QStringLiteral("Show")))
-                                          app.LastRequest = CurrentCharacter(app).Show();
-                                  },
-                                  [&] {
-                                      app.MainForm->cmdShow->setText(CurrentCharacter(app).Visible()
-                                                                         ? QStringLiteral("&Hide")
-                                                                         : QStringLiteral("&Show"));
-                                  },
-                              });
+    Steps steps = KeepLoaded ? Steps{} : LoadingSteps(app, File);
+    const Steps options = OptionSteps(app, File);
+    steps.insert(steps.end(), options.begin(), options.end());
 
+    // A failed step runs again after the user has been asked, with the file now chosen.
     for (const auto& step : steps) {
         for (;;) {
             try {
