@@ -1,0 +1,68 @@
+#include "EngineTestSupport.h"
+#include "FakeSpeechOutput.h"
+#include "agent/acs/AcsFile.h"
+#include "agent/engine/AgentEngine.h"
+
+#include <QFile>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace agent;
+using namespace agent::engine;
+using namespace agent::engine::testing;
+using Status = platform::AgentRequest;
+
+namespace
+{
+
+bool waitDone(const platform::Request& request)
+{
+    return QTest::qWaitFor(
+        [&request] {
+            const int status = request->Status();
+            return status != Status::Pending && status != Status::InProgress;
+        },
+        20000);
+}
+
+// Every animation of the character that ships with the program plays to an end, and the
+// program's own sequence of operations runs through.
+TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
+{
+    QFile file(QStringLiteral(BUNDLED_CHARACTER));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << BUNDLED_CHARACTER;
+    const acs::CharacterData data = acs::readAcs(file.readAll());
+
+    RecordingEvents events;
+    AgentEngine engine(std::make_unique<runtime::testing::FakeSpeechOutput>(5),
+                       std::make_unique<FakeRecognizer>());
+    engine.setEventSink(&events);
+    engine.Characters().Load(QStringLiteral("G"), QStringLiteral(BUNDLED_CHARACTER));
+    platform::AgentCharacter& character = engine.Characters().Character(QStringLiteral("G"));
+    character.setIdleOn(false);
+    EXPECT_FALSE(character.Name().isEmpty());
+
+    ASSERT_TRUE(waitDone(character.Show()));
+    for (const acs::Animation& animation : data.animations) {
+        const platform::Request played = character.Play(animation.name);
+        ASSERT_TRUE(waitDone(played)) << animation.name.toStdString();
+        EXPECT_EQ(played->Status(), Status::Complete) << animation.name.toStdString();
+    }
+    const std::vector<platform::Request> reading = {
+        character.Play(QStringLiteral("Read")),
+        character.Speak(QStringLiteral("A line read aloud.")),
+        character.Play(QStringLiteral("ReadReturn")),
+        character.MoveTo(300, 200),
+        character.Hide(),
+    };
+    for (const platform::Request& request : reading) {
+        ASSERT_TRUE(waitDone(request));
+        EXPECT_EQ(request->Status(), Status::Complete);
+    }
+    EXPECT_EQ(character.Left(), 300);
+    EXPECT_FALSE(character.Visible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.events.size() == 2; }, 2000));
+    EXPECT_EQ(events.events, (QStringList{"Show G 0", "Hide G 0"}));
+}
+
+} // namespace
