@@ -49,15 +49,6 @@ TEST_F(CharacterEventsTest, HidingPausesAReadingWithTheRightCaption)
     }
 }
 
-TEST_F(CharacterEventsTest, HidingOutsideAReadingLeavesTheReadingControls)
-{
-    form().setWindowTitle(QStringLiteral("Quorl"));
-    fp.agent->raiseHide();
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl"));
-    EXPECT_EQ(form().cmdCont->text(), QStringLiteral("&Pause"));
-    EXPECT_EQ(form().cmdShow->text(), QStringLiteral("&Show"));
-}
-
 TEST_F(CharacterEventsTest, ShowingAgainDoesNotResume)
 {
     for (const char* animate : {"0", "1"}) {

@@ -198,15 +198,6 @@ TEST_F(LoadCharacterTest, BadFileAtStartUpAsksUntilAFileLoads)
     EXPECT_NE(app.Character, nullptr);
 }
 
-TEST_F(LoadCharacterTest, EmptyPathGoesStraightToTheDialog)
-{
-    fp.dialogs.files = {Good};
-    EXPECT_FALSE(load(true, QString()));
-    EXPECT_EQ(characterErrorBoxes(), 0);
-    EXPECT_EQ(fp.dialogs.fileRequests.size(), 1u);
-    EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Good);
-}
-
 TEST_F(LoadCharacterTest, RefusalAtStartUpEndsTheProgram)
 {
     struct Case {

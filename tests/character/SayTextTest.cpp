@@ -143,11 +143,4 @@ TEST_F(SayTextTest, ReadingControlsFollowTheStateBeforeTheCall)
     EXPECT_TRUE(form().Read->isEnabled()) << "controls were updated after the reading began";
 }
 
-TEST_F(SayTextTest, AgentErrorGoesToTheCaller)
-{
-    fp.agent->failCalls(QStringLiteral("Speak("),
-                        platform::RuntimeError(5, platform::AgentSource, QStringLiteral("x")));
-    EXPECT_THROW(SayText(app, QStringLiteral("Hi"), true), platform::RuntimeError);
-}
-
 } // namespace

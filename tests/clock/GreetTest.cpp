@@ -88,13 +88,6 @@ TEST_F(GreetTest, SwitchedOffSaysNothing)
     }
 }
 
-TEST_F(GreetTest, BlankGreetingTextAddsNothing)
-{
-    fp.store.setValue(QStringLiteral("Greeting"), QStringLiteral("3"));
-    fp.store.setValue(QStringLiteral("GreetingText"), QStringLiteral(" "));
-    EXPECT_EQ(greet(), QStringList{QStringLiteral("Good Afternoon.")});
-}
-
 TEST_F(GreetTest, AgentErrorIsReportedAndEndsTheGreeting)
 {
     fp.agent->failCalls(

@@ -3,7 +3,6 @@
 #include "character/CharacterFixture.h"
 
 #include <QCheckBox>
-#include <QPlainTextEdit>
 #include <gtest/gtest.h>
 
 namespace
@@ -61,13 +60,6 @@ TEST_F(SayTimeTest, SentenceForEveryShapeOfTheClock)
         EXPECT_EQ(fp.agent->calls, QStringList{QStringLiteral("Speak(") + line + QLatin1Char(')')});
         EXPECT_EQ(form().chkBalloon->isChecked(), c.hideBalloon);
     }
-}
-
-TEST_F(SayTimeTest, TextBoxKeepsItsText)
-{
-    form().txtText->setPlainText(QStringLiteral("mine"));
-    SayTime(app);
-    EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("mine"));
 }
 
 } // namespace
