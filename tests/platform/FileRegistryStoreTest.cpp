@@ -1,15 +1,16 @@
 #include "platform/linux/FileRegistryStore.h"
+
 #include "settings/RegFunctions.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 using platform::FileRegistryStore;
 
-namespace {
+namespace
+{
 
 struct FileRegistryStoreTest : ::testing::Test {
     QTemporaryDir dir;
@@ -21,7 +22,8 @@ TEST_F(FileRegistryStoreTest, ValuesLastFromOneRunToTheNext)
     {
         FileRegistryStore store(fileName());
         RegFunctions::Settings settings(store);
-        settings.Write(QStringLiteral("Character"), QStringLiteral("/home/ü/chars/Pip, the second.acs"));
+        settings.Write(QStringLiteral("Character"),
+                       QStringLiteral("/home/ü/chars/Pip, the second.acs"));
         settings.Write(QStringLiteral("ShutDown"), QStringLiteral("0"));
         settings.Write(QStringLiteral("Nul"), QString::fromUtf8("a\0b", 3));
     }
@@ -71,7 +73,8 @@ TEST_F(FileRegistryStoreTest, UnreadableFileIsKeptAsideAndTheStoreStartsEmpty)
 
     settings.Write(QStringLiteral("Version"), QStringLiteral("43"));
     FileRegistryStore reopened(fileName());
-    EXPECT_EQ(RegFunctions::Settings(reopened).ReadText(QStringLiteral("Version")), QStringLiteral("43"));
+    EXPECT_EQ(RegFunctions::Settings(reopened).ReadText(QStringLiteral("Version")),
+              QStringLiteral("43"));
     EXPECT_TRUE(reopened.setAsideFileName().isEmpty());
 }
 

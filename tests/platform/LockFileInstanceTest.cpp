@@ -2,12 +2,12 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 using platform::LockFileInstance;
 
-namespace {
+namespace
+{
 
 TEST(LockFileInstanceTest, SecondInstanceSeesTheFirstUntilItGoes)
 {
