@@ -1,5 +1,6 @@
 #include "EngineTestSupport.h"
 #include "FakeSpeechOutput.h"
+#include "RequestWait.h"
 #include "agent/acs/AcsFile.h"
 #include "agent/engine/AgentEngine.h"
 
@@ -10,20 +11,11 @@
 using namespace agent;
 using namespace agent::engine;
 using namespace agent::engine::testing;
+using agent::runtime::testing::waitFinished;
 using Status = platform::AgentRequest;
 
 namespace
 {
-
-bool waitDone(const platform::Request& request)
-{
-    return QTest::qWaitFor(
-        [&request] {
-            const int status = request->Status();
-            return status != Status::Pending && status != Status::InProgress;
-        },
-        20000);
-}
 
 // Every animation of the character that ships with the program plays to an end, and the
 // program's own sequence of operations runs through.
@@ -42,10 +34,10 @@ TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
     character.setIdleOn(false);
     EXPECT_FALSE(character.Name().isEmpty());
 
-    ASSERT_TRUE(waitDone(character.Show()));
+    ASSERT_TRUE(waitFinished(character.Show(), 20000));
     for (const acs::Animation& animation : data.animations) {
         const platform::Request played = character.Play(animation.name);
-        ASSERT_TRUE(waitDone(played)) << animation.name.toStdString();
+        ASSERT_TRUE(waitFinished(played, 20000)) << animation.name.toStdString();
         EXPECT_EQ(played->Status(), Status::Complete) << animation.name.toStdString();
     }
     const std::vector<platform::Request> reading = {
@@ -56,7 +48,7 @@ TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
         character.Hide(),
     };
     for (const platform::Request& request : reading) {
-        ASSERT_TRUE(waitDone(request));
+        ASSERT_TRUE(waitFinished(request, 20000));
         EXPECT_EQ(request->Status(), Status::Complete);
     }
     EXPECT_EQ(character.Left(), 300);

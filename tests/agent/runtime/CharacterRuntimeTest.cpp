@@ -1,6 +1,7 @@
 #include "agent/runtime/CharacterRuntime.h"
 
 #include "FakeSpeechOutput.h"
+#include "RequestWait.h"
 #include "TestCharacter.h"
 #include "agent/runtime/BalloonWindow.h"
 #include "agent/runtime/CharacterLookup.h"
@@ -18,12 +19,6 @@ using Status = platform::AgentRequest;
 
 namespace
 {
-
-bool finished(const platform::Request& request)
-{
-    const int status = request->Status();
-    return status == Status::Complete || status == Status::Failed || status == Status::Interrupted;
-}
 
 class CharacterRuntimeTest : public ::testing::Test
 {
@@ -50,11 +45,6 @@ protected:
     int animation(const char* name) const
     {
         return findAnimation(character, QString::fromLatin1(name));
-    }
-
-    bool waitDone(const platform::Request& request, int timeout = 5000)
-    {
-        return QTest::qWaitFor([&request] { return finished(request); }, timeout);
     }
 
     QRgb pixel(int x, int y) { return runtime().window().picture().pixel(x, y); }
@@ -92,14 +82,14 @@ TEST_F(CharacterRuntimeTest, RequestsRunOneAfterTheOtherInCallOrder)
         EXPECT_EQ(request->Status(), Status::Pending) << "calls return before anything runs";
 
     std::set<std::size_t> seenInProgress;
-    for (int i = 0; i < 2000 && !finished(requests.back()); ++i) {
+    for (int i = 0; i < 2000 && !isFinished(requests.back()); ++i) {
         for (std::size_t later = 0; later < requests.size(); ++later) {
             if (requests[later]->Status() == Status::InProgress)
                 seenInProgress.insert(later);
             if (requests[later]->Status() == Status::Pending)
                 continue;
             for (std::size_t earlier = 0; earlier < later; ++earlier)
-                ASSERT_TRUE(finished(requests[earlier]))
+                ASSERT_TRUE(isFinished(requests[earlier]))
                     << "request " << later << " started before " << earlier << " ended";
         }
         QTest::qWait(2);
@@ -123,7 +113,7 @@ TEST_F(CharacterRuntimeTest, ShowAndHideOfAVisibleOrHiddenCharacterDoNothing)
     const platform::Request hide = runtime().hide();
     runtime().show(true);
     const platform::Request again = runtime().show(false);
-    ASSERT_TRUE(waitDone(again));
+    ASSERT_TRUE(waitFinished(again));
     EXPECT_EQ(hide->Status(), Status::Complete);
     EXPECT_EQ(shown.size(), 1);
     EXPECT_EQ(hidden.size(), 0);
@@ -134,7 +124,7 @@ TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
 {
     runtime().show(true);
     const platform::Request speak = runtime().speak(QStringLiteral("a b c d e f g h"));
-    const std::set<QRgb> mouth = coloursSeen(5, 5, [&] { return finished(speak); });
+    const std::set<QRgb> mouth = coloursSeen(5, 5, [&] { return isFinished(speak); });
     EXPECT_EQ(speak->Status(), Status::Complete);
     EXPECT_TRUE(mouth.count(rgba(Black))) << "the mouth overlay is drawn while speaking";
     EXPECT_EQ(pixel(5, 5), rgba(Blue)) << "and goes when the speech ends";
@@ -155,7 +145,7 @@ TEST_F(CharacterRuntimeTest, ReplacingOverlayHidesTheTopImage)
     EXPECT_EQ(pixel(20, 20), rgba(White));
     emit speech.mouthChanged(acs::Mouth::OpenWide2);
     EXPECT_EQ(pixel(20, 20), rgba(Blue));
-    ASSERT_TRUE(waitDone(speak));
+    ASSERT_TRUE(waitFinished(speak));
 }
 
 TEST_F(CharacterRuntimeTest, SpeechOutcomes)
@@ -164,13 +154,13 @@ TEST_F(CharacterRuntimeTest, SpeechOutcomes)
     speech.failNext = true;
     const platform::Request failed = runtime().speak(QStringLiteral("no luck"));
     const platform::Request empty = runtime().speak(QString());
-    ASSERT_TRUE(waitDone(empty));
+    ASSERT_TRUE(waitFinished(empty));
     EXPECT_EQ(failed->Status(), Status::Failed);
     EXPECT_EQ(empty->Status(), Status::Complete);
 
     runtime().hide();
     const platform::Request hidden = runtime().speak(QStringLiteral("unheard"));
-    ASSERT_TRUE(waitDone(hidden));
+    ASSERT_TRUE(waitFinished(hidden));
     EXPECT_EQ(hidden->Status(), Status::Failed);
     EXPECT_FALSE(speech.spoken.contains(QStringLiteral("unheard")));
 }
@@ -196,10 +186,10 @@ TEST_F(CharacterRuntimeTest, LoopingPlayCompletesAfterOneRoundAndIsLeftByTheNext
 {
     runtime().show(true);
     const platform::Request loop = runtime().play(animation("Loop"));
-    ASSERT_TRUE(waitDone(loop));
+    ASSERT_TRUE(waitFinished(loop));
     EXPECT_EQ(loop->Status(), Status::Complete);
     const platform::Request hide = runtime().hide();
-    ASSERT_TRUE(waitDone(hide));
+    ASSERT_TRUE(waitFinished(hide));
     EXPECT_FALSE(runtime().isVisible());
 }
 
@@ -207,7 +197,7 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
 {
     QSignalSpy idle(&runtime(), &CharacterRuntime::idleStarted);
     runtime().setIdleOn(true);
-    ASSERT_TRUE(waitDone(runtime().show(true)));
+    ASSERT_TRUE(waitFinished(runtime().show(true)));
     const std::set<QRgb> seen = coloursSeen(0, 0, [&] {
         return runtime().window().picture().pixel(0, 0) == rgba(Blue) && idle.size() > 0;
     });
@@ -217,7 +207,7 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
 
     runtime().setIdleOn(false);
     const platform::Request wave = runtime().play(animation("Wave"));
-    ASSERT_TRUE(waitDone(wave));
+    ASSERT_TRUE(waitFinished(wave));
     idle.clear();
     QTest::qWait(150);
     EXPECT_EQ(idle.size(), 0) << "idle off: no idling";
@@ -225,11 +215,11 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
 
 TEST_F(CharacterRuntimeTest, MovesSlideThroughTheDirectionAnimation)
 {
-    ASSERT_TRUE(waitDone(runtime().moveTo({10, 20})));
+    ASSERT_TRUE(waitFinished(runtime().moveTo({10, 20})));
     EXPECT_EQ(runtime().position(), QPoint(10, 20)) << "a hidden character moves at once";
     runtime().show(true);
     const platform::Request right = runtime().moveTo({90, 25});
-    const std::set<QRgb> seen = coloursSeen(0, 0, [&] { return finished(right); });
+    const std::set<QRgb> seen = coloursSeen(0, 0, [&] { return isFinished(right); });
     EXPECT_TRUE(seen.count(rgba(Red))) << "going right on screen is the character's left";
     EXPECT_FALSE(seen.count(rgba(Green)));
     EXPECT_EQ(runtime().position(), QPoint(90, 25));
