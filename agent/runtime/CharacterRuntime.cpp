@@ -284,6 +284,10 @@ void CharacterRuntime::runPlay(const Job& job)
 {
     const unsigned serial = job.serial;
     const int animation = job.animation;
+    if (animation < 0 || animation >= static_cast<int>(character_->animations.size())) {
+        complete(serial, platform::AgentRequest::Failed);
+        return;
+    }
     // Nothing can be seen of a hidden character; its animation counts as played.
     if (!visible_) {
         complete(serial, platform::AgentRequest::Complete);

@@ -40,7 +40,7 @@ public:
 
     platform::Request show(bool fast);
     platform::Request hide();
-    // animation: an index into the character's animations.
+    // animation: an index into the character's animations; another number fails the request.
     platform::Request play(int animation);
     platform::Request moveTo(QPoint topLeft);
     platform::Request speak(const QString& text);

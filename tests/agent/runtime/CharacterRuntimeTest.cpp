@@ -165,6 +165,17 @@ TEST_F(CharacterRuntimeTest, SpeechOutcomes)
     EXPECT_FALSE(speech.spoken.contains(QStringLiteral("unheard")));
 }
 
+TEST_F(CharacterRuntimeTest, PlayOutcomes)
+{
+    const platform::Request hidden = runtime().play(animation("Wave"));
+    const platform::Request negative = runtime().play(-1);
+    const platform::Request beyond = runtime().play(int(character.animations.size()));
+    ASSERT_TRUE(waitFinished(beyond));
+    EXPECT_EQ(hidden->Status(), Status::Complete) << "nothing to see, nothing to wait for";
+    EXPECT_EQ(negative->Status(), Status::Failed);
+    EXPECT_EQ(beyond->Status(), Status::Failed);
+}
+
 TEST_F(CharacterRuntimeTest, UserHideInterruptsEverything)
 {
     QSignalSpy hidden(&runtime(), &CharacterRuntime::hidden);
