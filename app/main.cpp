@@ -1,3 +1,6 @@
+#include "agent/engine/AgentEngine.h"
+#include "agent/listen/PocketSphinxRecognizer.h"
+#include "agent/speech/EspeakSpeechOutput.h"
 #include "core/App.h"
 #include "core/Main.h"
 #include "platform/linux/FileRegistryStore.h"
@@ -6,10 +9,11 @@
 #include "platform/linux/QtShell.h"
 #include "platform/linux/QtSystem.h"
 #include "platform/linux/QtTrayIcon.h"
-#include "platform/RuntimeError.h"
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -20,6 +24,27 @@ bool haveDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+// The character that comes with the program: installed beside the program's share folder, or
+// in the build tree's data folder when run from there.
+QString findBundledCharacter()
+{
+    const QDir programFolder(QCoreApplication::applicationDirPath());
+    for (const QString& folder : {QStringLiteral("../share/quorl"), QStringLiteral("../data")}) {
+        const QDir dir(programFolder.filePath(folder));
+        const QStringList files = dir.entryList({QStringLiteral("*.acs")}, QDir::Files, QDir::Name);
+        if (!files.isEmpty())
+            return QFileInfo(dir.filePath(files.first())).canonicalFilePath();
+    }
+    return {};
+}
+
+std::unique_ptr<platform::Agent> createEngine()
+{
+    return std::make_unique<agent::engine::AgentEngine>(
+        std::make_unique<agent::speech::EspeakSpeechOutput>(),
+        std::make_unique<agent::listen::PocketSphinxRecognizer>());
 }
 
 } // namespace
@@ -54,12 +79,9 @@ int main(int argc, char** argv)
     platform::QtTrayIcon tray;
     platform::Platform platform{
         store, dialogs, clock, screen, clipboard, shell, power, instance, process, tray,
-        []() -> std::unique_ptr<platform::Agent> {
-            throw platform::RuntimeError(platform::errors::AgentNotInstalled,
-                                         QStringLiteral("Quorl"),
-                                         QStringLiteral("The character engine is not available"));
-        },
+        createEngine,
         [](QDialog& dialog) { dialog.exec(); },
+        findBundledCharacter(),
     };
 
     App app(platform);

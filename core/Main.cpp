@@ -47,6 +47,7 @@ void Main(App& app)
             app.P.process.End();
         }
         app.AppPath = PrepareAppPath();
+        PlaceBundledCharacter(app.AppPath, app.P.bundledCharacter);
         app.ConfirmPending = false;
         app.ModalOpen = 0;
         MigrateSettings(app);

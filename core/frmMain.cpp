@@ -46,6 +46,7 @@ frmMain::frmMain(App& app) : app(app)
     setWindowTitle(QStringLiteral("Quorl"));
     auto* central = new QWidget(this);
     auto* row = new QHBoxLayout(central);
+    row->setContentsMargins(4, 4, 4, 4);
     buildReadingControls(central);
     buildVoicePanel(central);
     row->addWidget(Frame2);
@@ -89,17 +90,18 @@ void frmMain::buildReadingControls(QWidget* parent)
         QStringLiteral("Double click on Quorl icon in the system tray to Show/Hide Quorl"), Frame2);
     Label5->setWordWrap(true);
 
-    grid->addWidget(txtText, 0, 0, 1, 4);
+    grid->setContentsMargins(6, 6, 6, 6);
+    grid->addWidget(txtText, 0, 0, 1, 3);
     grid->addWidget(cmdTalk, 1, 0);
-    grid->addWidget(Read, 1, 1, 1, 2);
-    grid->addWidget(cmdShow, 1, 3);
-    grid->addWidget(cmdCont, 2, 0);
-    grid->addWidget(cmdNext, 2, 1);
-    grid->addWidget(cmdStop, 2, 2);
-    grid->addWidget(cmdOptions, 2, 3);
-    grid->addWidget(ProgressBar1, 3, 0, 1, 4);
-    grid->addWidget(Label5, 4, 0, 1, 3);
-    grid->addWidget(Command1, 4, 3);
+    grid->addWidget(cmdShow, 1, 1);
+    grid->addWidget(cmdOptions, 1, 2);
+    grid->addWidget(Read, 2, 0, 1, 2);
+    grid->addWidget(Command1, 2, 2);
+    grid->addWidget(cmdCont, 3, 0);
+    grid->addWidget(cmdNext, 3, 1);
+    grid->addWidget(cmdStop, 3, 2);
+    grid->addWidget(ProgressBar1, 4, 0, 1, 3);
+    grid->addWidget(Label5, 5, 0, 1, 3);
 }
 
 void frmMain::buildVoicePanel(QWidget* parent)

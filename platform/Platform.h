@@ -29,6 +29,8 @@ struct Platform {
     std::function<std::unique_ptr<Agent>()> createAgent;
     // Shows one of the program's windows modally and returns when it has closed.
     std::function<void(QDialog&)> showModal;
+    // The character file that comes with the program; empty when none was found.
+    QString bundledCharacter;
 };
 
 } // namespace platform

@@ -163,7 +163,8 @@ FakePlatform::FakePlatform()
                    modalWindows << QString::fromLatin1(dialog.metaObject()->className());
                    if (onModal)
                        onModal(dialog);
-               }}
+               },
+               QString()}
 {
 }
 
