@@ -1,5 +1,6 @@
 #include "agent/listen/PocketSphinxRecognizer.h"
 
+#include "agent/listen/ListeningTip.h"
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/WavFile.h"
 
@@ -28,6 +29,8 @@ PocketSphinxRecognizer::PocketSphinxRecognizer(QObject* parent)
 
 PocketSphinxRecognizer::~PocketSphinxRecognizer()
 {
+    key_.ungrab();
+    microphone_.stop();
     thread_.quit();
     thread_.wait();
 }
@@ -79,9 +82,105 @@ bool PocketSphinxRecognizer::recognizeFile(const QString& wavPath)
     return true;
 }
 
+void PocketSphinxRecognizer::applySettings()
+{
+    const SpeechInputSettings settings;
+    setThreshold(settings.threshold());
+    if (!key_.grab(settings.listeningKey()))
+        key_.ungrab();
+    handsFree_ = settings.handsFree();
+    updateMicrophone();
+}
+
+void PocketSphinxRecognizer::setHandsFree(bool on)
+{
+    handsFree_ = on;
+    updateMicrophone();
+}
+
+// Hands-free listening keeps the microphone open; otherwise it is open only while the key
+// is down.
+void PocketSphinxRecognizer::updateMicrophone()
+{
+    const bool wanted = listening_ || (handsFree_ && enabled());
+    if (wanted && !microphone_.isRunning())
+        microphone_.start();
+    else if (!wanted)
+        microphone_.stop();
+}
+
+void PocketSphinxRecognizer::onKeyPressed()
+{
+    if (!enabled())
+        return;
+    try {
+        startListening();
+    } catch (const platform::RuntimeError& error) {
+        emit listeningFailed(error);
+    }
+}
+
+void PocketSphinxRecognizer::startListening()
+{
+    if (listening_)
+        return;
+    heard_.clear();
+    if (!microphone_.isRunning()) {
+        switch (microphone_.start()) {
+        case MicrophoneInput::Start::Started:
+            break;
+        case MicrophoneInput::Start::NoMicrophone:
+            shownTip().showNoMicrophone();
+            return;
+        case MicrophoneInput::Start::Busy:
+            throw platform::RuntimeError(platform::errors::SoundSystemBusy, platform::AgentSource,
+                                         QStringLiteral("The sound system is in use by another "
+                                                        "application."));
+        }
+    }
+    listening_ = true;
+    shownTip().showListening();
+}
+
+void PocketSphinxRecognizer::stopListening()
+{
+    if (!listening_)
+        return;
+    listening_ = false;
+    updateMicrophone();
+    ++resultsForTip_;
+    recognizeSamples(std::move(heard_));
+    heard_.clear();
+}
+
+void PocketSphinxRecognizer::feedAudio(std::span<const std::int16_t> samples)
+{
+    if (listening_) {
+        heard_.insert(heard_.end(), samples.begin(), samples.end());
+        return;
+    }
+    if (!handsFree_ || !enabled())
+        return;
+    for (auto& utterance : voiceActivity_.feed(samples))
+        recognizeSamples(std::move(utterance));
+}
+
+ListeningTip& PocketSphinxRecognizer::shownTip()
+{
+    if (!tip_)
+        tip_ = std::make_unique<ListeningTip>();
+    return *tip_;
+}
+
 void PocketSphinxRecognizer::onRecognized(const Utterance& utterance)
 {
     const bool accepted = !utterance.name.isEmpty() && enabled();
+    if (resultsForTip_ > 0) {
+        --resultsForTip_;
+        shownTip().showHeard(accepted ? utterance.words : QString());
+    } else if (accepted && handsFree_) {
+        shownTip().showHeard(utterance.words);
+    }
     emit utteranceHeard(utterance.words, accepted ? utterance.name : QString(),
                         utterance.confidence);
     if (accepted)

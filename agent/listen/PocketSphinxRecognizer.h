@@ -1,15 +1,23 @@
 #pragma once
 
 #include "agent/EngineServices.h"
+#include "agent/listen/MicrophoneInput.h"
+#include "agent/listen/PushToTalkKey.h"
 #include "agent/listen/RecognitionWorker.h"
+#include "agent/listen/VoiceActivityDetector.h"
+#include "platform/RuntimeError.h"
 
 #include <QThread>
 #include <cstdint>
 #include <future>
+#include <memory>
+#include <span>
 #include <vector>
 
 namespace agent::listen
 {
+
+class ListeningTip;
 
 // Speech input with PocketSphinx: the grammar of the enabled commands, decoded on a thread
 // of its own. Utterances come from the microphone (push-to-talk or hands-free) or, for
@@ -35,13 +43,37 @@ public:
     // The same from a WAV file in that format; false when it cannot be read.
     bool recognizeFile(const QString& wavPath);
 
+    // Re-reads the "Speech" page's settings: grabs the listening key, starts or stops
+    // hands-free listening, takes the threshold.
+    void applySettings();
+
+    // What the listening key does. Throws platform::RuntimeError 0x80040317 when another
+    // program holds the microphone; without a microphone the tip says so and nothing else
+    // happens.
+    void startListening();
+    void stopListening();
+    bool isListening() const { return listening_; }
+    // Audio as the microphone delivers it: collected while listening, otherwise cut into
+    // utterances when hands-free listening is on.
+    void feedAudio(std::span<const std::int16_t> samples);
+    void setHandsFree(bool on);
+
+    PushToTalkKey& listeningKey() { return key_; }
+    // Null until something was to be shown.
+    ListeningTip* tip() const { return tip_.get(); }
+
 signals:
     // After every utterance: the words the grammar matched (empty when none), the name
     // that was accepted (empty when the utterance was rejected) and the confidence.
     void utteranceHeard(const QString& words, const QString& name, double confidence);
+    // Listening started by the key failed, with the error startListening() would throw.
+    void listeningFailed(const platform::RuntimeError& error);
 
 private:
     void onRecognized(const Utterance& utterance);
+    void onKeyPressed();
+    ListeningTip& shownTip();
+    void updateMicrophone();
 
     QThread thread_;
     RecognitionWorker* worker_; // lives on thread_, deleted when it finishes
@@ -49,6 +81,15 @@ private:
     std::vector<VoicePhrase> phrases_;
     bool phrasesSet_ = false;
     double threshold_;
+
+    PushToTalkKey key_;
+    MicrophoneInput microphone_;
+    VoiceActivityDetector voiceActivity_;
+    std::unique_ptr<ListeningTip> tip_;
+    std::vector<std::int16_t> heard_;
+    bool listening_ = false;
+    bool handsFree_ = false;
+    int resultsForTip_ = 0; // utterances of the key whose result the tip is to show
 };
 
 } // namespace agent::listen

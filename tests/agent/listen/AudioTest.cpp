@@ -1,0 +1,128 @@
+#include "agent/listen/VoiceActivityDetector.h"
+#include "agent/listen/WavFile.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace agent::listen
+{
+namespace
+{
+
+std::vector<std::int16_t> silence(double seconds, int hiss = 20)
+{
+    std::vector<std::int16_t> samples(std::size_t(seconds * 16000));
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = std::int16_t((i * 7919 % 201) - 100) * hiss / 100;
+    return samples;
+}
+
+std::vector<std::int16_t> tone(double seconds)
+{
+    std::vector<std::int16_t> samples(std::size_t(seconds * 16000));
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = std::int16_t(8000 * std::sin(2 * M_PI * 220 * double(i) / 16000));
+    return samples;
+}
+
+std::vector<std::int16_t> join(std::initializer_list<std::vector<std::int16_t>> parts)
+{
+    std::vector<std::int16_t> all;
+    for (const auto& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
+{
+    struct Case {
+        const char* what;
+        std::vector<std::int16_t> audio;
+        std::vector<double> seconds; // length of each utterance found, roughly
+    };
+    const Case cases[] = {
+        {"quiet only", silence(3), {}},
+        {"one burst", join({silence(1), tone(1), silence(1)}), {1.7}},
+        {"short gap inside",
+         join({silence(1), tone(0.5), silence(0.3), tone(0.5), silence(1)}),
+         {2.0}},
+        {"two bursts",
+         join({silence(1), tone(0.5), silence(1), tone(0.5), silence(1)}),
+         {1.2, 1.2}},
+        {"clicks too short", join({silence(1), tone(0.02), silence(1)}), {}},
+        {"burst at the end, unfinished", join({silence(1), tone(1)}), {}},
+    };
+    for (const Case& c : cases) {
+        VoiceActivityDetector detector;
+        std::vector<std::vector<std::int16_t>> found;
+        // In uneven pieces, as a sound server delivers them.
+        for (std::size_t at = 0; at < c.audio.size(); at += 1234) {
+            const std::size_t n = std::min<std::size_t>(1234, c.audio.size() - at);
+            for (auto& utterance : detector.feed({c.audio.data() + at, n}))
+                found.push_back(std::move(utterance));
+        }
+        ASSERT_EQ(found.size(), c.seconds.size()) << c.what;
+        for (std::size_t i = 0; i < found.size(); ++i)
+            EXPECT_NEAR(double(found[i].size()) / 16000, c.seconds[i], 0.15) << c.what;
+    }
+}
+
+TEST(VoiceActivityDetector, SteadyHumIsBackgroundNotSpeech)
+{
+    VoiceActivityDetector detector;
+    // A loud constant sound from the start becomes the floor; speech must stand above it.
+    EXPECT_TRUE(detector.feed(silence(3, 3000)).empty());
+    EXPECT_FALSE(detector.inUtterance());
+}
+
+QByteArray wav(quint32 rate, quint16 channels, quint16 bits, const QByteArray& data)
+{
+    auto le32 = [](quint32 v) {
+        QByteArray b(4, 0);
+        qToLittleEndian(v, b.data());
+        return b;
+    };
+    auto le16 = [](quint16 v) {
+        QByteArray b(2, 0);
+        qToLittleEndian(v, b.data());
+        return b;
+    };
+    QByteArray fmt = le16(1) + le16(channels) + le32(rate) + le32(rate * channels * bits / 8) +
+                     le16(channels * bits / 8) + le16(bits);
+    QByteArray body = "WAVE" + QByteArray("fmt ") + le32(fmt.size()) + fmt + "LIST" + le32(3) +
+                      "abc" + QByteArray(1, 0) + "data" + le32(data.size()) + data;
+    return "RIFF" + le32(body.size()) + body;
+}
+
+TEST(WavFile, ReadsOnlySixteenKilohertzMonoPcm)
+{
+    QTemporaryDir dir;
+    const QByteArray samples = QByteArray::fromHex("0100ffff0080ff7f");
+    const std::pair<QByteArray, bool> cases[] = {
+        {wav(16000, 1, 16, samples), true},
+        {wav(22050, 1, 16, samples), false},
+        {wav(16000, 2, 16, samples), false},
+        {wav(16000, 1, 8, samples), false},
+        {wav(16000, 1, 16, samples).left(50), false}, // data cut short
+        {"RIFF", false},
+    };
+    for (const auto& [bytes, readable] : cases) {
+        const QString path = dir.filePath(QStringLiteral("t.wav"));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+        file.close();
+        const auto read = readSpeechWav(path);
+        ASSERT_EQ(read.has_value(), readable) << bytes.size();
+        if (readable) {
+            EXPECT_EQ(*read, (std::vector<std::int16_t>{1, -1, -32768, 32767}));
+        }
+    }
+    EXPECT_FALSE(readSpeechWav(dir.filePath(QStringLiteral("missing.wav"))));
+}
+
+} // namespace
+} // namespace agent::listen

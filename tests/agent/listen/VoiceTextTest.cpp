@@ -1,0 +1,107 @@
+#include "agent/listen/VoiceText.h"
+
+#include "agent/listen/VoiceGrammar.h"
+
+#include <gtest/gtest.h>
+
+namespace agent::listen
+{
+namespace
+{
+
+struct ParseCase {
+    const char* voice;
+    QStringList phrases;
+    const char* jsgf;
+};
+
+class VoiceTextParses : public ::testing::TestWithParam<ParseCase>
+{
+};
+
+TEST_P(VoiceTextParses, IntoPhrasesAndRule)
+{
+    const auto parsed = parseVoiceText(QString::fromUtf8(GetParam().voice));
+    ASSERT_TRUE(parsed);
+    EXPECT_EQ(parsed->phrases, GetParam().phrases);
+    EXPECT_EQ(parsed->jsgfExpansion, QString::fromUtf8(GetParam().jsgf));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Accepted, VoiceTextParses,
+    ::testing::Values(
+        ParseCase{"Clip Board", {"clip board"}, "clip board"}, ParseCase{"(Yes)", {"yes"}, "yes"},
+        ParseCase{"(Quit Quorl | Close Quorl)",
+                  {"quit quorl", "close quorl"},
+                  "( quit quorl | close quorl )"},
+        ParseCase{"What is the time?", {"what is the time"}, "what is the time"},
+        ParseCase{"Start [the] gimp", {"start gimp", "start the gimp"}, "start [ the ] gimp"},
+        ParseCase{"((read | show) my mail | mail)",
+                  {"read my mail", "show my mail", "mail"},
+                  "( ( read | show ) my mail | mail )"},
+        ParseCase{"Don't stop, x-ray", {"don't stop x-ray"}, "don't stop x-ray"}));
+
+TEST(VoiceText, RefusesWhatTheGrammarCannotTake)
+{
+    for (const char* voice :
+         {"", " ", "(Quit Quorl", "Quit Quorl)", "( | yes)", "()", "[ ]", "<command>", "a * b",
+          "a = b", "open {app}", "(a] b", "say \"hello\""})
+        EXPECT_FALSE(parseVoiceText(QString::fromUtf8(voice))) << voice;
+}
+
+TEST(VoiceText, RefusesTooManyPhrases)
+{
+    // 2^9 = 512 combinations.
+    const QString voice = QStringLiteral("(a | b) ").repeated(9);
+    EXPECT_FALSE(parseVoiceText(voice));
+    EXPECT_TRUE(parseVoiceText(QStringLiteral("(a | b) ").repeated(8)));
+}
+
+TEST(VoiceText, ListsEachWordOnce)
+{
+    const auto parsed = parseVoiceText(QStringLiteral("(Quit Quorl | Close Quorl)"));
+    ASSERT_TRUE(parsed);
+    EXPECT_EQ(parsed->words, (QStringList{"quit", "quorl", "close"}));
+}
+
+TEST(VoiceGrammar, MapsHeardWordsToTheFirstMatchingEnabledName)
+{
+    const VoiceGrammar grammar({{"Time", "What is the time"},
+                                {"CloseQuorl", "(Quit Quorl | Close Quorl)"},
+                                {"Other", "Close Quorl"},
+                                {" ", " "},
+                                {"Broken", "(Yes"}});
+    EXPECT_EQ(grammar.nameFor(QStringLiteral("what is the time")), QStringLiteral("Time"));
+    EXPECT_EQ(grammar.nameFor(QStringLiteral("close quorl")), QStringLiteral("CloseQuorl"));
+    EXPECT_EQ(grammar.nameFor(QStringLiteral("quit")), QString());
+    EXPECT_EQ(grammar.nameFor(QString()), QString());
+    EXPECT_EQ(grammar.rejected(), QStringList{"(Yes"});
+    EXPECT_EQ(grammar.jsgf(),
+              QStringLiteral("#JSGF V1.0;\ngrammar commands;\npublic <command> = ( what is the "
+                             "time ) | ( ( quit quorl | close quorl ) ) | ( close quorl );\n"));
+}
+
+TEST(VoiceGrammar, LeavesOutCommandsWithUnpronounceableWords)
+{
+    VoiceGrammar grammar({{"Yes", "Yes"}, {" 1", "Start the frobnitz"}});
+    EXPECT_EQ(grammar.words(), (QStringList{"yes", "start", "the", "frobnitz"}));
+    grammar.keepPronounceable({{"yes", "Y EH S"}, {"start", "S T AA R T"}, {"the", "DH AH"}});
+    EXPECT_EQ(grammar.nameFor(QStringLiteral("start the frobnitz")), QString());
+    EXPECT_EQ(grammar.nameFor(QStringLiteral("yes")), QStringLiteral("Yes"));
+    EXPECT_EQ(grammar.rejected(), QStringList{"Start the frobnitz"});
+
+    grammar.keepPronounceable({});
+    EXPECT_TRUE(grammar.jsgf().isEmpty());
+}
+
+TEST(VoiceGrammar, SamePhrasesComparesNamesAndVoicesInOrder)
+{
+    const std::vector<VoicePhrase> list{{"Yes", "(Yes)"}, {"No", "(No)"}};
+    EXPECT_TRUE(VoiceGrammar::samePhrases(list, list));
+    EXPECT_FALSE(VoiceGrammar::samePhrases(list, {{"No", "(No)"}, {"Yes", "(Yes)"}}));
+    EXPECT_FALSE(VoiceGrammar::samePhrases(list, {{"Yes", "(Yes)"}, {"No", "(no)"}}));
+    EXPECT_FALSE(VoiceGrammar::samePhrases(list, {{"Yes", "(Yes)"}}));
+}
+
+} // namespace
+} // namespace agent::listen
