@@ -39,6 +39,17 @@ QImage grabScreen()
         QImage::Format_RGB32);
 }
 
+// The screen once the pixel at `where` has the colour, or as it stands after five seconds.
+QImage screenOnce(QPoint where, QRgb colour)
+{
+    QImage screen = grabScreen();
+    for (int i = 0; i < 250 && screen.pixel(where) != colour; ++i) {
+        QTest::qWait(20);
+        screen = grabScreen();
+    }
+    return screen;
+}
+
 class CharacterWindowTest : public ::testing::Test
 {
 protected:
@@ -68,7 +79,6 @@ protected:
         character->Show(true);
         ASSERT_TRUE(waitForEvent(QStringLiteral("Show G 0")));
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-        QTest::qWait(200);
     }
 
     QTemporaryDir folder;
@@ -83,7 +93,7 @@ TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
     ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb"));
     const QImage before = grabScreen();
     showAt(Left, Top);
-    const QImage after = grabScreen();
+    const QImage after = screenOnce({Left + 30, Top + 30}, rgba(Red));
 
     EXPECT_EQ(window->pos(), QPoint(Left, Top));
     EXPECT_TRUE(window->windowFlags() & Qt::WindowStaysOnTopHint);
@@ -101,8 +111,8 @@ TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
 
     character->Hide();
     ASSERT_TRUE(waitForEvent(QStringLiteral("Hide G 0")));
-    QTest::qWait(200);
-    EXPECT_EQ(grabScreen().pixel(Left + 30, Top + 30), before.pixel(Left + 30, Top + 30));
+    const QPoint middle(Left + 30, Top + 30);
+    EXPECT_EQ(screenOnce(middle, before.pixel(middle)).pixel(middle), before.pixel(middle));
 }
 
 TEST_F(CharacterWindowTest, RightClickOpensThePopupMenu)
@@ -156,8 +166,7 @@ TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
     QTest::mouseRelease(window, Qt::LeftButton, {}, window->mapFromGlobal(start + QPoint(40, 25)));
     EXPECT_EQ(character->Left(), Left + 40);
     EXPECT_EQ(character->Top(), Top + 25);
-    QTest::qWait(200);
-    EXPECT_EQ(window->pos(), QPoint(Left + 40, Top + 25));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->pos() == QPoint(Left + 40, Top + 25); }));
     EXPECT_EQ(events.events.count(QStringLiteral("Click G 1 0")), 1) << "a drag is not a click";
 }
 
