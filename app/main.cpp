@@ -14,6 +14,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -26,16 +27,16 @@ bool haveDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-// The character that comes with the program: installed beside the program's share folder, or
-// in the build tree's data folder when run from there.
-QString findBundledCharacter()
+// A file that comes with the program: installed in the share folder beside the program's
+// folder, or in the build tree's data folder when run from there.
+QString findInstalled(const QString& installed, const QString& inBuildTree)
 {
     const QDir programFolder(QCoreApplication::applicationDirPath());
-    for (const QString& folder : {QStringLiteral("../share/quorl"), QStringLiteral("../data")}) {
-        const QDir dir(programFolder.filePath(folder));
-        const QStringList files = dir.entryList({QStringLiteral("*.acs")}, QDir::Files, QDir::Name);
-        if (!files.isEmpty())
-            return QFileInfo(dir.filePath(files.first())).canonicalFilePath();
+    for (const QString& candidate : {QStringLiteral("../share/") + installed,
+                                     QStringLiteral("../data/") + inBuildTree}) {
+        const QFileInfo file(programFolder.filePath(candidate));
+        if (file.isFile())
+            return file.canonicalFilePath();
     }
     return {};
 }
@@ -66,6 +67,10 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Quorl"));
     QApplication::setOrganizationName(QStringLiteral("Kestrane"));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon::fromTheme(
+        QStringLiteral("quorl"),
+        QIcon(findInstalled(QStringLiteral("icons/hicolor/256x256/apps/quorl.png"),
+                            QStringLiteral("quorl-256.png")))));
 
     platform::FileRegistryStore store(platform::FileRegistryStore::defaultFileName());
     platform::QtDialogs dialogs;
@@ -81,7 +86,7 @@ int main(int argc, char** argv)
         store, dialogs, clock, screen, clipboard, shell, power, instance, process, tray,
         createEngine,
         [](QDialog& dialog) { dialog.exec(); },
-        findBundledCharacter(),
+        findInstalled(QStringLiteral("quorl/lumo.acs"), QStringLiteral("lumo.acs")),
     };
 
     App app(platform);

@@ -63,10 +63,18 @@ QString FileRegistryStore::defaultFileName()
 
 QString FileRegistryStore::groupOf(std::uint32_t hive, const QString& path) const
 {
+    // The file already names the program, so its own key's values stand at the top level.
+    if (hive == HKEY_CURRENT_USER &&
+        path.compare(QStringLiteral("Software\\Kestrane\\Quorl"), Qt::CaseInsensitive) == 0)
+        return {};
     QString group = path;
     group.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    // Only the user's own hive is kept at the top level, so that the file reads naturally.
-    return hive == HKEY_CURRENT_USER ? group : hiveName(hive) + QLatin1Char('/') + group;
+    return hiveName(hive) + QLatin1Char('/') + group;
+}
+
+QString FileRegistryStore::valueKey(const QString& group, const QString& name)
+{
+    return group.isEmpty() ? name : group + QLatin1Char('/') + name;
 }
 
 bool FileRegistryStore::groupExists(const QString& group)
@@ -117,7 +125,7 @@ long FileRegistryStore::RegQueryValueExA(Handle key, const QString& name, std::u
     const QString stored = storedName(it->second, name);
     if (stored.isEmpty())
         return NotFound;
-    const QVariant value = settings_->value(it->second + QLatin1Char('/') + stored);
+    const QVariant value = settings_->value(valueKey(it->second, stored));
     QByteArray bytes;
     if (value.typeId() == QMetaType::QByteArray) {
         type = Binary;
@@ -141,7 +149,7 @@ long FileRegistryStore::RegSetValueExA(Handle key, const QString& name, std::uin
     QString stored = storedName(it->second, name);
     if (stored.isEmpty())
         stored = name;
-    const QString fullName = it->second + QLatin1Char('/') + stored;
+    const QString fullName = valueKey(it->second, stored);
     if (type == Binary)
         settings_->setValue(fullName, data);
     else

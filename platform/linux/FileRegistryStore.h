@@ -35,6 +35,7 @@ public:
 
 private:
     QString groupOf(std::uint32_t hive, const QString& path) const;
+    static QString valueKey(const QString& group, const QString& name);
     bool groupExists(const QString& group);
     QString storedName(const QString& group, const QString& name);
     Handle newHandle(const QString& group);
