@@ -4,6 +4,10 @@
 #include "agent/speech/SpeechPlan.h"
 #include "agent/speech/SpeechTags.h"
 
+#include <QLoggingCategory>
+
+Q_LOGGING_CATEGORY(lcSpeech, "agent.speech", QtWarningMsg)
+
 namespace agent::speech
 {
 
@@ -41,6 +45,7 @@ bool EspeakSpeechOutput::available() const
 
 void EspeakSpeechOutput::speak(const QString& taggedText, const VoiceDefaults& voice)
 {
+    qCDebug(lcSpeech) << "speak" << taggedText;
     stop();
     m_busy = true;
     m_shownLength = -1;
