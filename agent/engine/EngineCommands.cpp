@@ -13,12 +13,11 @@ EngineCommands::EngineCommands(std::function<void()> listeningChanged)
 void EngineCommands::Add(const QString& name, const QString& caption, const QString& voice,
                          bool enabled, bool visible)
 {
-    if (find(name))
-        errors::raise(
-            errors::CommandExists,
-            QStringLiteral("The command list already has a command named \"%1\".").arg(name));
-    entries_.push_back(
-        std::make_unique<EngineCommand>(name, caption, voice, enabled, visible, listeningChanged_));
+    EngineCommand entry(name, caption, voice, enabled, visible, listeningChanged_);
+    if (EngineCommand* existing = find(name))
+        *existing = std::move(entry);
+    else
+        entries_.push_back(std::make_unique<EngineCommand>(std::move(entry)));
     listeningChanged_();
 }
 

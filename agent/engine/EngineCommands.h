@@ -24,7 +24,7 @@ public:
     void setVoice(const QString& voice) override { voice_ = voice; }
     bool Visible() const override { return visible_; }
     void setVisible(bool visible) override { visible_ = visible; }
-    // Throws for a name that is already in the list.
+    // A name that is already in the list takes over that entry, in its place.
     void Add(const QString& name, const QString& caption, const QString& voice, bool enabled,
              bool visible) override;
     void RemoveAll() override;

@@ -8,7 +8,6 @@ namespace agent::engine::errors
 
 constexpr std::int32_t AnimationNotFound = platform::hresult(0x80042521);
 constexpr std::int32_t CommandNotFound = platform::hresult(0x80042522);
-constexpr std::int32_t CommandExists = platform::hresult(0x80042523);
 constexpr std::int32_t CharacterNotLoaded = platform::hresult(0x80042524);
 constexpr std::int32_t CharacterFileMissing = platform::hresult(0x80042525);
 

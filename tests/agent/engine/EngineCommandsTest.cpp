@@ -45,6 +45,12 @@ TEST(EngineCommandsTest, ListAndLookup)
     EXPECT_EQ(phraseNames(commands),
               (QStringList{QStringLiteral("Time=(time | clock)"), QStringLiteral("Yes=(Yes)")}));
 
+    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes!"), QStringLiteral("(Yes)"), false,
+                 false);
+    EXPECT_EQ(commands.Count(), 3) << "an Add of a name in use replaces that entry";
+    EXPECT_EQ(commands.At(1).Caption(), QStringLiteral("Yes!"));
+    EXPECT_EQ(phraseNames(commands), QStringList{QStringLiteral("Time=(time | clock)")});
+
     commands.RemoveAll();
     EXPECT_EQ(commands.Count(), 0);
     EXPECT_TRUE(commands.phrases().empty());
@@ -68,8 +74,6 @@ TEST(EngineCommandsTest, UnknownNamesAndPositionsThrow)
     expectError([&] { commands.Command(QStringLiteral("Date")); }, errors::CommandNotFound);
     expectError([&] { commands.At(1); }, errors::CommandNotFound);
     expectError([&] { commands.At(-1); }, errors::CommandNotFound);
-    expectError([&] { commands.Add(QStringLiteral("Time"), {}, {}, true, true); },
-                errors::CommandExists);
 }
 
 QStringList menuTexts(const QMenu& menu)
