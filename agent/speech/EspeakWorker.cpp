@@ -46,7 +46,6 @@ int onSynthesis(short* wav, int count, espeak_EVENT* events)
     }
     if (wav && count > 0) {
         auto& samples = capture->out->samples;
-        samples.reserve(samples.size() + count);
         for (int i = 0; i < count; ++i)
             samples.push_back(qint16(std::lround(wav[i] * capture->gain)));
     }
@@ -69,11 +68,9 @@ bool EspeakWorker::initialise()
     m_initialised = true;
     const char* dataPath = nullptr;
     espeak_Info(&dataPath);
-    m_whisperInstalled =
-        dataPath &&
-        QFileInfo::exists(QString::fromLocal8Bit(dataPath) +
-                          QStringLiteral("/voices/!v/whisper")) &&
-        QFileInfo::exists(QString::fromLocal8Bit(dataPath) + QStringLiteral("/voices/!v/whisperf"));
+    const QString variants = QString::fromLocal8Bit(dataPath) + QStringLiteral("/voices/!v/");
+    m_whisperInstalled = dataPath && QFileInfo::exists(variants + QStringLiteral("whisper")) &&
+                         QFileInfo::exists(variants + QStringLiteral("whisperf"));
     return useVoice("en-us");
 }
 
