@@ -46,14 +46,11 @@ wait_setting() {
     return 1
 }
 
-# Mean brightness of a square of the screen, 0..1.
-brightness() {
-    import -window root -crop "$3x$3+$1+$2" -colorspace Gray -format '%[fx:mean]' info:
-}
-
-# Fraction of pixels in a square that differ from the root window's black.
+# Fraction of pixels in a square of the screen that differ from the root window's black.
 coverage() {
-    import -window root -crop "$3x$3+$1+$2" -threshold 1% -format '%[fx:mean]' info:
+    import -window root "$work/screen.png"
+    convert "$work/screen.png" -crop "$3x$3+$1+$2" -colorspace Gray -threshold 1% \
+        -format '%[fx:mean]' info:
 }
 
 "$quorl" >"$work/log1" 2>&1 &
