@@ -59,6 +59,19 @@ TEST_F(EspeakSynthesizerTest, WhisperIsUnvoiced)
               speechtest::lowFrequencyShare(normal->samples));
 }
 
+TEST_F(EspeakSynthesizerTest, PitchIsHeardAtTheAskedHz)
+{
+    // From the default voice's low end to the female variant's range.
+    const std::vector<int> pitches{70, 100, 150, 200, 280};
+    quint64 id = 0;
+    for (const int hz : pitches) {
+        const auto speech =
+            speak(QStringLiteral("\\pit=%1\\Good morning, how are you today?").arg(hz), ++id);
+        ASSERT_TRUE(speech);
+        EXPECT_NEAR(speechtest::medianPitchHz(speech->samples), hz, 0.2 * hz) << hz << " Hz";
+    }
+}
+
 TEST_F(EspeakSynthesizerTest, VolumeIsAGain)
 {
     const auto full = speak(uR"(\vol=65535\Hello there.)"_qs, 1);

@@ -1,5 +1,6 @@
 #include "SpeechAudio.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -28,6 +29,38 @@ double lowFrequencyShare(const std::vector<qint16>& samples)
         all += double(s) * s;
     }
     return all > 0 ? low / all : 0;
+}
+
+double medianPitchHz(const std::vector<qint16>& samples)
+{
+    constexpr qsizetype Frame = 882;
+    constexpr int ShortestLag = 22050 / 400;
+    constexpr int LongestLag = 22050 / 50;
+    std::vector<double> pitches;
+    for (qsizetype start = 0; start + Frame + LongestLag <= qsizetype(samples.size());
+         start += Frame) {
+        double energy = 0;
+        for (qsizetype i = start; i < start + Frame; ++i)
+            energy += double(samples[i]) * samples[i];
+        int bestLag = 0;
+        double best = 0;
+        for (int lag = ShortestLag; lag <= LongestLag; ++lag) {
+            double sum = 0;
+            for (qsizetype i = start; i < start + Frame; ++i)
+                sum += double(samples[i]) * samples[i + lag];
+            if (sum > best) {
+                best = sum;
+                bestLag = lag;
+            }
+        }
+        // Voiced: the signal repeats itself closely after one period.
+        if (energy > 0 && best / energy > 0.6)
+            pitches.push_back(22050.0 / bestLag);
+    }
+    if (pitches.empty())
+        return 0;
+    std::nth_element(pitches.begin(), pitches.begin() + pitches.size() / 2, pitches.end());
+    return pitches[pitches.size() / 2];
 }
 
 qint64 audibleSamples(const std::vector<qint16>& samples)

@@ -13,6 +13,10 @@ double rms(const std::vector<qint16>& samples);
 // fundamental lies there, low for whispering, which is noise shaped by the mouth.
 double lowFrequencyShare(const std::vector<qint16>& samples);
 
+// The median fundamental frequency, in Hz, of the voiced 40 ms frames (by autocorrelation
+// between 50 and 400 Hz); 0 when nothing is voiced.
+double medianPitchHz(const std::vector<qint16>& samples);
+
 // The number of samples in 10 ms blocks whose level stands above the silence between words.
 qint64 audibleSamples(const std::vector<qint16>& samples);
 
