@@ -23,6 +23,7 @@ public:
     bool grab(const QString& keyName);
     void ungrab();
     bool isGrabbed() const { return keycode_ != 0; }
+    unsigned int keycode() const { return keycode_; }
     bool isDown() const { return down_; }
 
     // Takes key events of the grabbed key: XCB_KEY_PRESS and XCB_KEY_RELEASE with their key

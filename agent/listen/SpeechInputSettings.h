@@ -12,8 +12,8 @@ class SpeechInputSettings
 public:
     // Measured on synthetic speech (tests/agent/listen): commands score about -17 to +12,
     // sentences outside the grammar mostly below -30. At -17, 69 of 70 flite and 98 of 112
-    // espeak-ng commands pass and none of 72 other sentences; real microphones may need
-    // another value, hence the setting.
+    // espeak-ng commands gave the right name and none of 72 other sentences gave any; real
+    // microphones may need another value, hence the setting.
     static constexpr double DefaultThreshold = -17.0;
     static inline const QString DefaultListeningKey = QStringLiteral("Scroll_Lock");
 

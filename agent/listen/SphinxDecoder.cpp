@@ -2,6 +2,8 @@
 
 #include <QFile>
 #include <QStringList>
+#include <algorithm>
+#include <limits>
 #include <pocketsphinx.h>
 
 namespace agent::listen
@@ -104,16 +106,34 @@ std::int32_t SphinxDecoder::decodeWith(const char* search, std::span<const std::
     return score;
 }
 
-// When no path reaches the end of the grammar, PocketSphinx still returns the best partial
-// one, whose score covers fewer frames and so looks better than it is.
-bool SphinxDecoder::pathReachesEnd(int frames)
+std::vector<SphinxDecoder::Segment> SphinxDecoder::bestPath()
 {
-    int lastFrame = -1;
-    for (ps_seg_t* segment = ps_seg_iter(decoder_); segment; segment = ps_seg_next(segment)) {
-        int start = 0;
-        ps_seg_frames(segment, &start, &lastFrame);
+    std::vector<Segment> path;
+    for (ps_seg_t* it = ps_seg_iter(decoder_); it; it = ps_seg_next(it)) {
+        Segment segment;
+        const char* word = ps_seg_word(it);
+        // Fillers (<s>, </s>, <sil>, [NOISE]) and empty transitions carry no word.
+        segment.isWord = word && word[0] != '<' && word[0] != '[' && word[0] != '(';
+        ps_seg_frames(it, &segment.start, &segment.end);
+        std::int32_t languageScore = 0;
+        std::int32_t backoff = 0;
+        ps_seg_prob(it, &segment.acousticScore, &languageScore, &backoff);
+        path.push_back(segment);
     }
-    return lastFrame >= frames - 3;
+    return path;
+}
+
+// The phone loop's acoustic score over the frames of a word, sharing out the loop's
+// segments by their overlap with it.
+double SphinxDecoder::loopScoreWithin(const std::vector<Segment>& loop, int start, int end)
+{
+    double score = 0;
+    for (const Segment& segment : loop) {
+        const int overlap = std::min(end, segment.end) - std::max(start, segment.start) + 1;
+        if (overlap > 0)
+            score += double(segment.acousticScore) * overlap / (segment.end - segment.start + 1);
+    }
+    return score;
 }
 
 Decoding SphinxDecoder::decode(std::span<const std::int16_t> samples)
@@ -123,10 +143,24 @@ Decoding SphinxDecoder::decode(std::span<const std::int16_t> samples)
         return result;
     const std::int32_t grammarScore = decodeWith(GrammarSearch, samples, &result.hypothesis);
     const int frames = ps_get_n_frames(decoder_);
-    if (result.hypothesis.isEmpty() || frames <= 0 || !pathReachesEnd(frames))
+    const std::vector<Segment> words = bestPath();
+    // When no path reaches the end of the grammar, PocketSphinx still returns the best
+    // partial one, whose score covers fewer frames and so looks better than it is.
+    if (result.hypothesis.isEmpty() || frames <= 0 || words.empty() ||
+        words.back().end < frames - 3)
         return {};
     const std::int32_t loopScore = decodeWith(LoopSearch, samples, nullptr);
+    const std::vector<Segment> loop = bestPath();
     result.confidence = double(grammarScore - loopScore) / frames;
+    // One wrong word in an otherwise right phrase ("what is the date" for "... time") hardly
+    // moves the whole utterance's score, so the weakest word counts too.
+    for (const Segment& word : words) {
+        if (!word.isWord || word.end < word.start)
+            continue;
+        const double gap = (word.acousticScore - loopScoreWithin(loop, word.start, word.end)) /
+                           (word.end - word.start + 1);
+        result.weakestWord = std::min(result.weakestWord, gap);
+    }
     return result;
 }
 

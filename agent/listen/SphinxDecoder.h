@@ -3,8 +3,10 @@
 #include <QHash>
 #include <QString>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <span>
+#include <vector>
 
 struct ps_decoder_s;
 
@@ -17,6 +19,8 @@ struct Decoding {
     // Grammar score minus phone-loop score, per frame: how much better the best phrase
     // explains the audio than free phones do.
     double confidence = 0;
+    // The same gap for the word that fits worst, per frame of that word.
+    double weakestWord = std::numeric_limits<double>::max();
 };
 
 // PocketSphinx with the US English model and two searches over the same audio: the command
@@ -43,7 +47,14 @@ public:
 
 private:
     bool setUpPhoneLoop();
-    bool pathReachesEnd(int frames);
+    struct Segment {
+        bool isWord = false;
+        int start = 0;
+        int end = 0;
+        std::int32_t acousticScore = 0;
+    };
+    std::vector<Segment> bestPath();
+    static double loopScoreWithin(const std::vector<Segment>& loop, int start, int end);
     std::int32_t decodeWith(const char* search, std::span<const std::int16_t> samples,
                             QString* hypothesis);
 

@@ -1,0 +1,90 @@
+// From the end of an utterance (the listening key released, the samples handed over) to
+// commandRecognized, over the synthetic command set of the recogniser's tests.
+#include "TestSpeech.h"
+#include "agent/listen/PocketSphinxRecognizer.h"
+#include "agent/listen/WavFile.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <benchmark/benchmark.h>
+
+namespace
+{
+
+using agent::listen::PocketSphinxRecognizer;
+
+QApplication& application()
+{
+    static int argc = 1;
+    static char name[] = "bench_listen_latency";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The recogniser reads the engine's settings file: not the user's.
+    static QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    static QApplication app(argc, argv);
+    return app;
+}
+
+std::vector<std::vector<std::int16_t>> commandUtterances()
+{
+    std::vector<listentest::Voice> voices = listentest::fliteVoices();
+    for (const listentest::Voice& voice : listentest::espeakVoices())
+        voices.push_back(voice);
+    std::vector<std::vector<std::int16_t>> utterances;
+    for (const listentest::Voice& voice : voices)
+        for (const agent::VoicePhrase& entry : listentest::commandTable()) {
+            QString text = entry.voice;
+            text.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
+            text = text.section(QLatin1Char('|'), 0, 0).trimmed();
+            if (auto samples = agent::listen::readSpeechWav(listentest::spokenWav(text, voice)))
+                utterances.push_back(std::move(*samples));
+        }
+    return utterances;
+}
+
+void EndOfUtteranceToCommand(benchmark::State& state)
+{
+    application();
+    PocketSphinxRecognizer recognizer;
+    if (!recognizer.installed()) {
+        state.SkipWithError("PocketSphinx or its model is missing");
+        return;
+    }
+    recognizer.setPhrases(listentest::commandTable());
+    const auto utterances = commandUtterances();
+
+    std::vector<double> latenciesMs;
+    QEventLoop loop;
+    QElapsedTimer clock;
+    bool accepted = false;
+    QObject::connect(&recognizer, &PocketSphinxRecognizer::commandRecognized, &loop, [&] {
+        latenciesMs.push_back(clock.nsecsElapsed() / 1e6);
+        accepted = true;
+    });
+    QObject::connect(&recognizer, &PocketSphinxRecognizer::utteranceHeard, &loop,
+                     [&] { loop.quit(); });
+    for (auto _ : state) {
+        for (const auto& samples : utterances) {
+            accepted = false;
+            clock.start();
+            recognizer.recognizeSamples(samples);
+            loop.exec();
+            benchmark::DoNotOptimize(accepted);
+        }
+    }
+    std::sort(latenciesMs.begin(), latenciesMs.end());
+    if (latenciesMs.empty())
+        return;
+    state.counters["utterances"] = double(utterances.size());
+    state.counters["recognized"] = double(latenciesMs.size());
+    state.counters["median_ms"] = latenciesMs[latenciesMs.size() / 2];
+    state.counters["p90_ms"] = latenciesMs[latenciesMs.size() * 9 / 10];
+}
+
+} // namespace
+
+BENCHMARK(EndOfUtteranceToCommand)->Iterations(1)->Unit(benchmark::kMillisecond);

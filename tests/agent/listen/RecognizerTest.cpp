@@ -1,0 +1,121 @@
+#include "Listening.h"
+#include "TestSpeech.h"
+#include "agent/listen/ListeningTip.h"
+#include "agent/listen/SpeechInputSettings.h"
+#include "agent/listen/WavFile.h"
+
+#include <QAudioDevice>
+#include <QMediaDevices>
+#include <QSignalSpy>
+#include <gtest/gtest.h>
+
+namespace agent::listen
+{
+namespace
+{
+
+std::vector<VoicePhrase> tableWithout(const QString& name)
+{
+    std::vector<VoicePhrase> table = listentest::commandTable();
+    std::erase_if(table, [&](const VoicePhrase& entry) { return entry.name == name; });
+    return table;
+}
+
+class RecognizerTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(recognizer.installed()); }
+
+    QString said(const QString& text)
+    {
+        const QString wav =
+            listentest::spokenWav(text, {QStringLiteral("flite"), QStringLiteral("kal16"), 0});
+        EXPECT_FALSE(wav.isEmpty());
+        return wav;
+    }
+
+    // The accepted name, or empty; fails the test when no verdict comes.
+    QString nameFor(const QString& text)
+    {
+        const listentest::Heard heard = listentest::listen(recognizer, said(text));
+        EXPECT_TRUE(heard.answered);
+        EXPECT_EQ(heard.commands, heard.name.isEmpty() ? QStringList{} : QStringList{heard.name});
+        return heard.name;
+    }
+
+    PocketSphinxRecognizer recognizer;
+};
+
+TEST_F(RecognizerTest, GrammarFollowsTheCommandList)
+{
+    recognizer.setPhrases(listentest::commandTable());
+    EXPECT_EQ(nameFor(QStringLiteral("What is the time")), QStringLiteral("Time"));
+
+    recognizer.setPhrases(tableWithout(QStringLiteral("Time")));
+    EXPECT_EQ(nameFor(QStringLiteral("What is the time")), QString());
+
+    recognizer.setPhrases(tableWithout(QStringLiteral("Yes")));
+    EXPECT_NE(nameFor(QStringLiteral("Yes")), QStringLiteral("Yes"));
+    recognizer.setPhrases(listentest::commandTable());
+    EXPECT_EQ(nameFor(QStringLiteral("Yes")), QStringLiteral("Yes"));
+}
+
+TEST_F(RecognizerTest, BadVoiceTextIsLeftOutAndTheRestWorks)
+{
+    std::vector<VoicePhrase> table = listentest::commandTable();
+    table.insert(table.begin(), {QStringLiteral("Broken"), QStringLiteral("(What is <the> time")});
+    recognizer.setPhrases(table);
+    EXPECT_EQ(nameFor(QStringLiteral("What is the time")), QStringLiteral("Time"));
+}
+
+TEST_F(RecognizerTest, EmptyListHearsNothing)
+{
+    recognizer.setPhrases({});
+    EXPECT_EQ(nameFor(QStringLiteral("Yes")), QString());
+}
+
+TEST_F(RecognizerTest, SwitchedOffRaisesNoCommand)
+{
+    recognizer.setPhrases(listentest::commandTable());
+    recognizer.setEnabled(false);
+    EXPECT_FALSE(recognizer.enabled());
+    EXPECT_FALSE(SpeechInputSettings().enabled());
+    EXPECT_EQ(nameFor(QStringLiteral("Notes")), QString());
+    recognizer.setEnabled(true);
+    EXPECT_EQ(nameFor(QStringLiteral("Notes")), QStringLiteral("Notes"));
+}
+
+TEST_F(RecognizerTest, HandsFreeCutsTheStreamIntoUtterances)
+{
+    recognizer.setPhrases(listentest::commandTable());
+    const auto words = readSpeechWav(said(QStringLiteral("Clip Board")));
+    ASSERT_TRUE(words);
+    std::vector<std::int16_t> stream(16000, 0);
+    stream.insert(stream.end(), words->begin(), words->end());
+    stream.resize(stream.size() + 16000, 0);
+
+    QSignalSpy commands(&recognizer, &PocketSphinxRecognizer::commandRecognized);
+    recognizer.feedAudio(stream);
+    EXPECT_FALSE(commands.wait(1000)) << "hands-free is off by default";
+
+    recognizer.setHandsFree(true);
+    for (std::size_t at = 0; at < stream.size(); at += 1600)
+        recognizer.feedAudio(
+            std::span(stream).subspan(at, std::min<std::size_t>(1600, stream.size() - at)));
+    ASSERT_TRUE(commands.wait(30000));
+    EXPECT_EQ(commands.at(0).at(0).toString(), QStringLiteral("Clip"));
+}
+
+TEST_F(RecognizerTest, WithoutMicrophoneTheTipSaysSo)
+{
+    if (!QMediaDevices::audioInputs().isEmpty())
+        GTEST_SKIP() << "this machine has a microphone";
+    EXPECT_NO_THROW(recognizer.startListening());
+    EXPECT_FALSE(recognizer.isListening());
+    ASSERT_TRUE(recognizer.tip());
+    EXPECT_TRUE(recognizer.tip()->isVisible());
+    EXPECT_EQ(recognizer.tip()->text(), QStringLiteral("No microphone found"));
+}
+
+} // namespace
+} // namespace agent::listen

@@ -1,0 +1,130 @@
+#include "agent/listen/ListeningTip.h"
+#include "agent/listen/PushToTalkKey.h"
+#include "agent/listen/SpeechInputSettings.h"
+#include "agent/listen/SpeechPage.h"
+#include "agent/sheet/EngineSettings.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+namespace agent::listen
+{
+namespace
+{
+
+TEST(SpeechInputSettings, DefaultsAndStorageInTheEngineFile)
+{
+    QFile::remove(EngineSettings::filePath());
+    SpeechInputSettings settings;
+    EXPECT_TRUE(settings.enabled());
+    EXPECT_EQ(settings.listeningKey(), QStringLiteral("Scroll_Lock"));
+    EXPECT_FALSE(settings.handsFree());
+    EXPECT_EQ(settings.threshold(), SpeechInputSettings::DefaultThreshold);
+
+    settings.setEnabled(false);
+    settings.setListeningKey(QStringLiteral("F12"));
+    settings.setHandsFree(true);
+    settings.setThreshold(-3.5);
+    const QSettings file(EngineSettings::filePath(), QSettings::IniFormat);
+    EXPECT_EQ(file.value("SpeechInput/Enabled").toBool(), false);
+    EXPECT_EQ(file.value("SpeechInput/ListeningKey").toString(), QStringLiteral("F12"));
+    EXPECT_EQ(file.value("SpeechInput/HandsFree").toBool(), true);
+    EXPECT_EQ(file.value("SpeechInput/Threshold").toDouble(), -3.5);
+    QFile::remove(EngineSettings::filePath());
+}
+
+TEST(SpeechPage, ShowsAndSavesEveryChoice)
+{
+    QFile::remove(EngineSettings::filePath());
+    SpeechInputSettings().setListeningKey(QStringLiteral("Pause"));
+    SpeechPage page;
+    EXPECT_TRUE(page.inputEnabled()->isChecked());
+    EXPECT_EQ(page.listeningKey()->currentData().toString(), QStringLiteral("Pause"));
+    EXPECT_FALSE(page.handsFree()->isChecked());
+
+    QSignalSpy changed(&page, &SpeechPage::settingsChanged);
+    page.inputEnabled()->setChecked(false);
+    page.handsFree()->setChecked(true);
+    page.listeningKey()->setCurrentIndex(page.listeningKey()->findData(QStringLiteral("F12")));
+    page.threshold()->setValue(-5);
+    EXPECT_EQ(changed.size(), 4);
+    const SpeechInputSettings saved;
+    EXPECT_FALSE(saved.enabled());
+    EXPECT_TRUE(saved.handsFree());
+    EXPECT_EQ(saved.listeningKey(), QStringLiteral("F12"));
+    EXPECT_EQ(saved.threshold(), -5);
+    QFile::remove(EngineSettings::filePath());
+}
+
+TEST(ListeningTip, SaysWhatWasHeard)
+{
+    ListeningTip tip;
+    tip.showListening();
+    EXPECT_TRUE(tip.isVisible());
+    EXPECT_EQ(tip.text(), QStringLiteral("Listening..."));
+    tip.showHeard(QStringLiteral("what is the time"));
+    EXPECT_EQ(tip.text(), QStringLiteral("Heard: \"what is the time\""));
+    tip.showHeard(QString());
+    EXPECT_EQ(tip.text(), QStringLiteral("Not understood"));
+    EXPECT_TRUE(tip.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !tip.isVisible(); }, 20000));
+}
+
+// The key test needs an X server: it runs under Xvfb.
+class PushToTalkKeyTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!key.grab(QStringLiteral("Scroll_Lock")))
+            GTEST_SKIP() << "no X server";
+    }
+
+    void send(std::uint8_t type, unsigned int keycode)
+    {
+        xcb_key_press_event_t event{};
+        event.response_type = type;
+        event.detail = std::uint8_t(keycode);
+        key.nativeEventFilter("xcb_generic_event_t", &event, nullptr);
+    }
+
+    PushToTalkKey key;
+};
+
+TEST_F(PushToTalkKeyTest, HeldKeyGivesOnePressAndOneRelease)
+{
+    QSignalSpy pressed(&key, &PushToTalkKey::pressed);
+    QSignalSpy released(&key, &PushToTalkKey::released);
+    const unsigned int code = key.keycode();
+    send(XCB_KEY_PRESS, code);
+    // Auto-repeat: release and press again at once, twice.
+    send(XCB_KEY_RELEASE, code);
+    send(XCB_KEY_PRESS, code);
+    send(XCB_KEY_RELEASE, code);
+    send(XCB_KEY_PRESS, code);
+    send(XCB_KEY_PRESS, code + 1); // another key
+    EXPECT_EQ(pressed.size(), 1);
+    EXPECT_TRUE(key.isDown());
+    EXPECT_FALSE(released.wait(200));
+
+    send(XCB_KEY_RELEASE, code);
+    ASSERT_TRUE(released.wait(2000));
+    EXPECT_EQ(released.size(), 1);
+    EXPECT_FALSE(key.isDown());
+}
+
+TEST_F(PushToTalkKeyTest, UnknownKeyNameIsRefused)
+{
+    EXPECT_FALSE(key.grab(QStringLiteral("No_Such_Key")));
+    EXPECT_FALSE(key.isGrabbed());
+    EXPECT_TRUE(key.grab(QStringLiteral("F12")));
+}
+
+} // namespace
+} // namespace agent::listen
