@@ -13,6 +13,9 @@
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
+// Last: Xlib's macros (None, Bool, Status) would break the headers above.
+#include <X11/Xlib.h>
+
 namespace agent::listen
 {
 namespace
@@ -117,6 +120,19 @@ TEST_F(PushToTalkKeyTest, HeldKeyGivesOnePressAndOneRelease)
     ASSERT_TRUE(released.wait(2000));
     EXPECT_EQ(released.size(), 1);
     EXPECT_FALSE(key.isDown());
+}
+
+TEST_F(PushToTalkKeyTest, KeyHeldByAnotherProgramIsRefused)
+{
+    key.ungrab();
+    Display* other = XOpenDisplay(nullptr);
+    ASSERT_TRUE(other);
+    const KeyCode code = XKeysymToKeycode(other, XStringToKeysym("Pause"));
+    XGrabKey(other, code, 0, DefaultRootWindow(other), False, GrabModeAsync, GrabModeAsync);
+    XSync(other, False);
+    EXPECT_FALSE(key.grab(QStringLiteral("Pause")));
+    XCloseDisplay(other);
+    EXPECT_TRUE(key.grab(QStringLiteral("Pause")));
 }
 
 TEST_F(PushToTalkKeyTest, UnknownKeyNameIsRefused)
