@@ -42,7 +42,6 @@ public:
 
     int animation() const { return animation_; }
     int displayedFrame() const { return displayed_; }
-    bool isBusy() const { return mode_ != Mode::Holding; }
     // True for an animation whose play cannot end without leaving it.
     bool isLooping() const;
 
