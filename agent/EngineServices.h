@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class QWidget;
+
 // The seams between the engine's character runtime and its speech parts, so that each can
 // be built and tested alone and the runtime can run with test doubles.
 namespace agent {
@@ -54,9 +56,15 @@ public:
     // The user's switch on the property sheet.
     virtual bool enabled() const = 0;
     virtual void setPhrases(const std::vector<VoicePhrase>& phrases) = 0;
+    // The controls for the property sheet's "Speech" page, owned by the caller; null when
+    // the recogniser has none.
+    virtual QWidget* createSettingsPage() { return nullptr; }
 
 signals:
     void commandRecognized(const QString& name);
+    // Listening could not start, e.g. another program holds the microphone (0x80040317,
+    // source "Agent.Control.1").
+    void listeningFailed(int number, const QString& source, const QString& description);
 };
 
 } // namespace agent

@@ -2,6 +2,7 @@
 
 #include "agent/listen/ListeningTip.h"
 #include "agent/listen/SpeechInputSettings.h"
+#include "agent/listen/SpeechPage.h"
 #include "agent/listen/WavFile.h"
 
 namespace agent::listen
@@ -60,6 +61,13 @@ void PocketSphinxRecognizer::setPhrases(const std::vector<VoicePhrase>& phrases)
                               [worker = worker_, phrases] { worker->setPhrases(phrases); });
 }
 
+QWidget* PocketSphinxRecognizer::createSettingsPage()
+{
+    auto* page = new SpeechPage;
+    connect(page, &SpeechPage::settingsChanged, this, &PocketSphinxRecognizer::applySettings);
+    return page;
+}
+
 void PocketSphinxRecognizer::setThreshold(double threshold)
 {
     threshold_ = threshold;
@@ -116,7 +124,7 @@ void PocketSphinxRecognizer::onKeyPressed()
     try {
         startListening();
     } catch (const platform::RuntimeError& error) {
-        emit listeningFailed(error);
+        emit listeningFailed(error.Number, error.Source, error.Description);
     }
 }
 

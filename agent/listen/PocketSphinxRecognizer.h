@@ -34,6 +34,8 @@ public:
     bool enabled() const override;
     void setEnabled(bool on);
     void setPhrases(const std::vector<VoicePhrase>& phrases) override;
+    // A SpeechPage whose changes this recogniser applies at once.
+    QWidget* createSettingsPage() override;
 
     double threshold() const { return threshold_; }
     void setThreshold(double threshold);
@@ -48,8 +50,8 @@ public:
     void applySettings();
 
     // What the listening key does. Throws platform::RuntimeError 0x80040317 when another
-    // program holds the microphone; without a microphone the tip says so and nothing else
-    // happens.
+    // program holds the microphone (when the key starts it, listeningFailed() tells instead);
+    // without a microphone the tip says so and nothing else happens.
     void startListening();
     void stopListening();
     bool isListening() const { return listening_; }
@@ -66,8 +68,6 @@ signals:
     // After every utterance: the words the grammar matched (empty when none), the name
     // that was accepted (empty when the utterance was rejected) and the confidence.
     void utteranceHeard(const QString& words, const QString& name, double confidence);
-    // Listening started by the key failed, with the error startListening() would throw.
-    void listeningFailed(const platform::RuntimeError& error);
 
 private:
     void onRecognized(const Utterance& utterance);

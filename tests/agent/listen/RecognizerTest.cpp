@@ -2,9 +2,12 @@
 #include "TestSpeech.h"
 #include "agent/listen/ListeningTip.h"
 #include "agent/listen/SpeechInputSettings.h"
+#include "agent/listen/SpeechPage.h"
 #include "agent/listen/WavFile.h"
 
 #include <QAudioDevice>
+#include <QCheckBox>
+#include <QDoubleSpinBox>
 #include <QMediaDevices>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
@@ -104,6 +107,19 @@ TEST_F(RecognizerTest, HandsFreeCutsTheStreamIntoUtterances)
             std::span(stream).subspan(at, std::min<std::size_t>(1600, stream.size() - at)));
     ASSERT_TRUE(commands.wait(30000));
     EXPECT_EQ(commands.at(0).at(0).toString(), QStringLiteral("Clip"));
+}
+
+TEST_F(RecognizerTest, SpeechPageChangesApplyAtOnce)
+{
+    std::unique_ptr<QWidget> widget(recognizer.createSettingsPage());
+    auto* page = qobject_cast<SpeechPage*>(widget.get());
+    ASSERT_TRUE(page);
+    page->threshold()->setValue(4);
+    EXPECT_EQ(recognizer.threshold(), 4);
+    page->handsFree()->setChecked(true);
+    EXPECT_TRUE(SpeechInputSettings().handsFree());
+    page->handsFree()->setChecked(false);
+    page->threshold()->setValue(SpeechInputSettings::DefaultThreshold);
 }
 
 TEST_F(RecognizerTest, WithoutMicrophoneTheTipSaysSo)
