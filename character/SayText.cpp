@@ -6,6 +6,7 @@
 #include "core/Conversions.h"
 #include "core/Main.h"
 #include "core/frmMain.h"
+#include "reading/ReadingPieces.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -23,8 +24,8 @@ bool OnlySpaces(const QString& text)
 }
 
 constexpr int LongestSpokenText = 200;
-// The progress bar counts in 16-bit steps, so longer texts are scaled down.
-constexpr int LongestUnscaledText = 32700;
+// A long text's bar gets more room past its end than a file's.
+constexpr int LongTextProgressMargin = 10;
 
 QString CharacterTag(const frmMain& f)
 {
@@ -45,14 +46,7 @@ QString SpeechLine(const App& app, const QString& Text)
 void StartPiecewiseReading(App& app, const QString& Text)
 {
     frmMain& f = *app.MainForm;
-    const int length = int(Text.size());
-    if (length < LongestUnscaledText + 1) {
-        f.ProgressBar1->setMaximum(length);
-        app.ProgressScale = 1.0f;
-    } else {
-        app.ProgressScale = float(LongestUnscaledText) / float(length);
-        f.ProgressBar1->setMaximum(int(app.ProgressScale * float(length)) + 10);
-    }
+    ScaleProgress(app, Text.size(), LongTextProgressMargin);
     app.ProgressPos = 0.0f;
     f.setWindowTitle(QStringLiteral("Quorl - Reading From Clip Board"));
     app.ReadingClip = true;
