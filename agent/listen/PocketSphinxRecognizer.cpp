@@ -26,6 +26,11 @@ PocketSphinxRecognizer::PocketSphinxRecognizer(QObject* parent)
             worker->setThreshold(threshold);
             loaded.set_value(worker->load());
         });
+    connect(&key_, &PushToTalkKey::pressed, this, &PocketSphinxRecognizer::onKeyPressed);
+    connect(&key_, &PushToTalkKey::released, this, &PocketSphinxRecognizer::stopListening);
+    connect(&microphone_, &MicrophoneInput::captured, this,
+            [this](const std::vector<std::int16_t>& samples) { feedAudio(samples); });
+    applySettings();
 }
 
 PocketSphinxRecognizer::~PocketSphinxRecognizer()

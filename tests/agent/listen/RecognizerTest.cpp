@@ -126,7 +126,7 @@ TEST_F(RecognizerTest, WithoutMicrophoneTheTipSaysSo)
 {
     if (!QMediaDevices::audioInputs().isEmpty())
         GTEST_SKIP() << "this machine has a microphone";
-    EXPECT_NO_THROW(recognizer.startListening());
+    emit recognizer.listeningKey().pressed();
     EXPECT_FALSE(recognizer.isListening());
     ASSERT_TRUE(recognizer.tip());
     EXPECT_TRUE(recognizer.tip()->isVisible());
