@@ -4,6 +4,7 @@
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/SpeechPage.h"
 #include "agent/listen/WavFile.h"
+#include "platform/RuntimeError.h"
 
 namespace agent::listen
 {

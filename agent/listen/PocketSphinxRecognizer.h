@@ -5,7 +5,6 @@
 #include "agent/listen/PushToTalkKey.h"
 #include "agent/listen/RecognitionWorker.h"
 #include "agent/listen/VoiceActivityDetector.h"
-#include "platform/RuntimeError.h"
 
 #include <QThread>
 #include <cstdint>

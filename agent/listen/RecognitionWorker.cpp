@@ -54,7 +54,7 @@ void RecognitionWorker::warnOnce(const QStringList& voices)
     }
 }
 
-Utterance RecognitionWorker::recognize(const std::vector<std::int16_t>& samples)
+void RecognitionWorker::recognize(const std::vector<std::int16_t>& samples)
 {
     Utterance result;
     if (decoder_) {
@@ -66,7 +66,6 @@ Utterance RecognitionWorker::recognize(const std::vector<std::int16_t>& samples)
             result.name = grammar_.nameFor(decoding.hypothesis);
     }
     emit recognized(result);
-    return result;
 }
 
 } // namespace agent::listen

@@ -36,7 +36,7 @@ public:
     bool load();
     void setPhrases(const std::vector<VoicePhrase>& phrases);
     void setThreshold(double threshold) { threshold_ = threshold; }
-    Utterance recognize(const std::vector<std::int16_t>& samples);
+    void recognize(const std::vector<std::int16_t>& samples);
 
 signals:
     void recognized(const agent::listen::Utterance& utterance);
