@@ -100,6 +100,12 @@ void RunApplication(App& app, const QString& name)
 
 } // namespace
 
+// The control's own failures while listening for commands are reported as the dispatch's.
+void frmMain::Agent1_Error(const platform::RuntimeError& error)
+{
+    ReportError(app, false, 6, error);
+}
+
 // Speech and the popup menu both arrive here, and nothing tells them apart.
 void frmMain::Agent1_Command(const platform::UserInput& UserInput)
 {

@@ -107,6 +107,7 @@ public:
     void Agent1_IdleStart(const QString& characterId) override;
     void Agent1_Command(const platform::UserInput& input) override;
     void Agent1_Shutdown() override;
+    void Agent1_Error(const platform::RuntimeError& error) override;
 
     // Character and voice panel
     void cmdShow_Click();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -111,6 +113,9 @@ public:
     virtual void Agent1_IdleStart(const QString& characterId) = 0;
     virtual void Agent1_Command(const UserInput& input) = 0;
     virtual void Agent1_Shutdown() = 0;
+    // A failure of the control that no call of the program caused, such as a microphone held
+    // by another program when the user starts to speak.
+    virtual void Agent1_Error(const RuntimeError& error) = 0;
 };
 
 class Agent {

@@ -36,6 +36,11 @@ AgentEngine::AgentEngine(std::unique_ptr<SpeechOutput> speech,
                     }
                 }
             });
+        QObject::connect(recognizer_.get(), &SpeechRecognizer::listeningFailed, &eventContext_,
+                         [this](int number, const QString& source, const QString& description) {
+                             const platform::RuntimeError error(number, source, description);
+                             raise([error](platform::AgentEvents& sink) { sink.Agent1_Error(error); });
+                         });
     }
 }
 
@@ -78,6 +83,8 @@ PropertySheet& AgentEngine::propertySheet()
 {
     if (!sheet_) {
         sheet_ = std::make_unique<PropertySheet>();
+        if (QWidget* page = recognizer_ ? recognizer_->createSettingsPage() : nullptr)
+            sheet_->setSpeechPage(page);
         QObject::connect(sheet_.get(), &PropertySheet::outputSettingsChanged, &eventContext_,
                          [this] { applyOutputSettings(); });
     }

@@ -281,4 +281,13 @@ TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSix)
     EXPECT_FALSE(entryEnabled("No"));
 }
 
+TEST_F(CommandDispatchTest, AMicrophoneHeldByAnotherProgramShowsTheSoundSystemBox)
+{
+    fp.agent->raiseError(platform::RuntimeError(platform::errors::SoundSystemBusy,
+                                                platform::AgentSource, "in use"));
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Speech Input Error"));
+    EXPECT_EQ(fp.process.ends, 0);
+}
+
 } // namespace

@@ -250,5 +250,6 @@ void FakeAgent::raiseHide(const QString& id)
 void FakeAgent::raiseIdleStart(const QString& id) { events->Agent1_IdleStart(id); }
 void FakeAgent::raiseCommand(const QString& name) { events->Agent1_Command({name}); }
 void FakeAgent::raiseShutdown() { events->Agent1_Shutdown(); }
+void FakeAgent::raiseError(const platform::RuntimeError& error) { events->Agent1_Error(error); }
 
 } // namespace fakes

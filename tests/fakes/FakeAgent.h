@@ -184,6 +184,7 @@ public:
     void raiseIdleStart(const QString& id = QStringLiteral("G"));
     void raiseCommand(const QString& name);
     void raiseShutdown();
+    void raiseError(const platform::RuntimeError& error);
 
     platform::AgentEvents* events = nullptr;
     FakeCharacters characters;

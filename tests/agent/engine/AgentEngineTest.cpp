@@ -218,6 +218,21 @@ TEST_F(AgentEngineTest, PropertySheetOpensOnThePageAsked)
     EXPECT_FALSE(engine->propertySheet().isVisible());
 }
 
+TEST_F(AgentEngineTest, SpeechPageHostsTheRecognisersControls)
+{
+    engine->setPropertySheetPage(QStringLiteral("Speech"));
+    EXPECT_NE(engine->propertySheet().findChild<QWidget*>(QStringLiteral("speech input controls")),
+              nullptr);
+}
+
+TEST_F(AgentEngineTest, ListeningThatCannotStartIsRaisedAsAnError)
+{
+    emit recognizer->listeningFailed(platform::errors::SoundSystemBusy, platform::AgentSource,
+                                     QStringLiteral("the microphone is in use"));
+    ASSERT_TRUE(waitForEvents(1));
+    EXPECT_EQ(events.events, QStringList{QStringLiteral("Error -2147220713 Agent.Control.1")});
+}
+
 TEST_F(AgentEngineTest, ThrowingHandlersStayInsideTheEngine)
 {
     struct Throwing : RecordingEvents {

@@ -3,6 +3,7 @@
 #include "agent/acs/AcsFile.h"
 
 #include <QFile>
+#include <QWidget>
 
 namespace agent::engine::testing
 {
@@ -11,6 +12,13 @@ void FakeRecognizer::setPhrases(const std::vector<VoicePhrase>& list)
 {
     phrases = list;
     ++updates;
+}
+
+QWidget* FakeRecognizer::createSettingsPage()
+{
+    auto* page = new QWidget;
+    page->setObjectName(QStringLiteral("speech input controls"));
+    return page;
 }
 
 void RecordingEvents::Agent1_Click(const QString& id, int button, int shift, int x, int y)
@@ -42,6 +50,11 @@ void RecordingEvents::Agent1_Command(const platform::UserInput& input)
 void RecordingEvents::Agent1_Shutdown()
 {
     events << QStringLiteral("Shutdown");
+}
+
+void RecordingEvents::Agent1_Error(const platform::RuntimeError& error)
+{
+    events << QStringLiteral("Error %1 %2").arg(error.Number).arg(error.Source);
 }
 
 QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character,

@@ -19,6 +19,7 @@ public:
     bool installed() const override { return installed_; }
     bool enabled() const override { return enabled_; }
     void setPhrases(const std::vector<VoicePhrase>& phrases) override;
+    QWidget* createSettingsPage() override;
 
     bool installed_ = true;
     bool enabled_ = true;
@@ -36,6 +37,7 @@ public:
     void Agent1_IdleStart(const QString& id) override;
     void Agent1_Command(const platform::UserInput& input) override;
     void Agent1_Shutdown() override;
+    void Agent1_Error(const platform::RuntimeError& error) override;
 
     QStringList events;
     QList<QPoint> clickPositions;
