@@ -219,6 +219,13 @@ void frmMain::connectHandlers()
        &frmMain::mnuQuorlReminders_Click);
     on(mnuFileSavenow, &QAction::triggered, "mnuFileSavenow_Click", &frmMain::mnuFileSavenow_Click);
     on(mnuFileExit, &QAction::triggered, "mnuFileExit_Click", &frmMain::mnuFileExit_Click);
+    on(mnuFileAgent, &QAction::triggered, "mnuFileAgent_Click", &frmMain::mnuFileAgent_Click);
+    on(mnuFileInstall, &QAction::triggered, "mnuFileInstall_Click", &frmMain::mnuFileInstall_Click);
+    on(mnuFileDownload, &QAction::triggered, "mnuFileDownload_Click",
+       &frmMain::mnuFileDownload_Click);
+    on(mnuAboutSite, &QAction::triggered, "mnuAboutSite_Click", &frmMain::mnuAboutSite_Click);
+    on(mnuAboutSplash, &QAction::triggered, "mnuAboutSplash_Click", &frmMain::mnuAboutSplash_Click);
+    on(Command1, &QPushButton::clicked, "Command1_Click", &frmMain::Command1_Click);
 }
 
 int frmMain::LeftTwips() const { return x() * app.P.screen.TwipsPerPixelX(); }

@@ -130,6 +130,14 @@ public:
     void Read_Click();
     void chkIgnore_Click();
 
+    // Menus of the window itself
+    void mnuFileAgent_Click();
+    void mnuFileInstall_Click();
+    void mnuFileDownload_Click();
+    void mnuAboutSite_Click();
+    void mnuAboutSplash_Click();
+    void Command1_Click();
+
     // Other windows and closing
     void mnuQuorlReminders_Click();
     void mnuFileSavenow_Click();

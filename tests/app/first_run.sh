@@ -7,35 +7,9 @@
 # Usage: first_run.sh <path to quorl>   (run under xvfb-run)
 set -euo pipefail
 quorl=$1
-work=$(mktemp -d)
+. "$(dirname "$0")/common.sh"
 trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
-export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work/run
-mkdir -p "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
-unset PULSE_SERVER QT_QPA_PLATFORM
 export QT_LOGGING_RULES="agent.speech.debug=true"
-settings=$XDG_CONFIG_HOME/Kestrane/Quorl.conf
-
-fail() { echo "FAIL: $*" >&2; echo "--- program log" >&2; cat "$work"/log* >&2 || true; exit 1; }
-
-# Waits up to $2 seconds for a window whose title matches $1 and prints its id.
-wait_window() {
-    local deadline=$((SECONDS + $2)) id
-    while [ $SECONDS -lt $deadline ]; do
-        id=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n1 || true)
-        [ -n "$id" ] && { echo "$id"; return 0; }
-        sleep 0.3
-    done
-    return 1
-}
-
-# Types keys into a window after giving it the keyboard focus.
-type_into() {
-    xdotool windowfocus --sync "$1" 2>/dev/null || xdotool windowfocus "$1"
-    sleep 0.3
-    shift
-    xdotool "$@"
-}
 
 wait_setting() {
     local deadline=$((SECONDS + $2))
@@ -57,9 +31,11 @@ coverage() {
 pid=$!
 
 box=$(wait_window "Please select a character" 30) || fail "no first-run box"
-type_into "$box" key Return
+focus "$box"
+xdotool key Return
 dialog=$(wait_window "Open Character" 15) || fail "no file dialog"
-type_into "$dialog" type --delay 30 "lumo.acs"
+focus "$dialog"
+xdotool type --delay 30 "lumo.acs"
 xdotool key Return
 wait_setting Character 20 || fail "Character was not stored"
 sleep 4

@@ -4,23 +4,13 @@
 # Usage: second_instance.sh <path to quorl>   (run under xvfb-run)
 set -euo pipefail
 quorl=$1
-work=$(mktemp -d)
+. "$(dirname "$0")/common.sh"
 trap 'kill "${first:-}" "${second:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
-export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work/run
-mkdir -p "$XDG_CONFIG_HOME/Kestrane" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
-unset PULSE_SERVER QT_QPA_PLATFORM
-settings=$XDG_CONFIG_HOME/Kestrane/Quorl.conf
 printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\n' >"$settings"
-
-fail() { echo "FAIL: $*" >&2; cat "$work"/log* >&2 || true; exit 1; }
 
 "$quorl" >"$work/log1" 2>&1 &
 first=$!
-for _ in $(seq 1 60); do
-    xdotool search --onlyvisible --name '^Quorl$' >/dev/null 2>&1 && break
-    sleep 0.5
-done
+wait_window '^Quorl$' 30 >/dev/null || fail "the first instance showed no window"
 sleep 2
 before=$(sha256sum "$settings")
 
@@ -36,8 +26,7 @@ for _ in $(seq 1 40); do
 done
 [ -n "$box" ] || fail "the second start showed no box"
 # Return presses the box's OK button.
-xdotool windowfocus --sync "$box" 2>/dev/null || xdotool windowfocus "$box"
-sleep 0.3
+focus "$box"
 xdotool key Return
 status=0
 wait "$second" || status=$?

@@ -5,16 +5,10 @@
 # Usage: voice_command.sh <path to quorl>   (run under xvfb-run)
 set -euo pipefail
 quorl=$1
-work=$(mktemp -d)
-export XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data XDG_RUNTIME_DIR=$work/run
-mkdir -p "$XDG_CONFIG_HOME/Kestrane" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
-unset PULSE_SERVER QT_QPA_PLATFORM
+. "$(dirname "$0")/common.sh"
 export QT_LOGGING_RULES="agent.speech.debug=true"
 trap 'kill "${pid:-}" 2>/dev/null || true; pulseaudio --kill 2>/dev/null || true; rm -rf "$work"' EXIT
-printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\n' >"$XDG_CONFIG_HOME/Kestrane/Quorl.conf"
-
-fail() { echo "FAIL: $*" >&2; cat "$work/log" >&2 || true; exit 1; }
+printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\n' >"$settings"
 
 # The character speaks into "speaker"; the microphone hears only what is played into "voice".
 pulseaudio --daemonize=yes --exit-idle-time=-1 -n \
@@ -29,10 +23,7 @@ flite -voice slt -t "What is the time" -o "$work/time.wav"
 
 "$quorl" >"$work/log" 2>&1 &
 pid=$!
-for _ in $(seq 1 60); do
-    xdotool search --onlyvisible --name '^Quorl$' >/dev/null 2>&1 && break
-    sleep 0.5
-done
+wait_window '^Quorl$' 30 >/dev/null || fail "the program showed no window"
 sleep 4
 
 xdotool keydown Scroll_Lock

@@ -1,0 +1,63 @@
+#include "core/App.h"
+#include "core/frmMain.h"
+#include "fakes/FakePlatform.h"
+#include "info/frmSplash.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct MainMenusTest : ::testing::Test {
+    fakes::FakePlatform fp;
+    App app{fp.platform};
+    MainMenusTest()
+    {
+        app.Agent1 = fp.platform.createAgent();
+        app.MainForm = std::make_unique<frmMain>(app);
+    }
+};
+
+TEST_F(MainMenusTest, WebPagesAndThePropertySheet)
+{
+    app.MainForm->mnuFileInstall->trigger();
+    app.MainForm->mnuFileDownload->trigger();
+    app.MainForm->mnuAboutSite->trigger();
+    EXPECT_EQ(fp.shell.urls, (QStringList{InstallAgentPageUrl, CharactersPageUrl, HomePageUrl}));
+    EXPECT_TRUE(fp.shell.urls[0].endsWith(QStringLiteral("/quorl/installagent.html")));
+    EXPECT_TRUE(fp.shell.urls[1].endsWith(QStringLiteral("/quorl/characters.html")));
+    app.MainForm->mnuFileAgent->trigger();
+    EXPECT_TRUE(fp.agent->propertySheetVisible);
+}
+
+TEST_F(MainMenusTest, SplashFromTheMenuWaitsForAClick)
+{
+    bool timerRunning = true;
+    fp.onModal = [&](QDialog& dialog) {
+        timerRunning = static_cast<frmSplash&>(dialog).Timer1->isActive();
+        EXPECT_EQ(app.ModalOpen, 1);
+    };
+    app.MainForm->mnuAboutSplash->trigger();
+    EXPECT_FALSE(timerRunning);
+    EXPECT_EQ(app.ModalOpen, 0);
+}
+
+TEST_F(MainMenusTest, UnderscoreButtonHidesTheWindowAndTheTrayBringsItBack)
+{
+    app.MainForm->show();
+    app.MainForm->CreateIcon();
+    app.MainForm->Command1->click();
+    EXPECT_FALSE(app.MainForm->isVisible());
+    app.ModalOpen = 1;
+    fp.tray.doubleClick();
+    EXPECT_FALSE(app.MainForm->isVisible()) << "ignored while a window of the program is up";
+    app.ModalOpen = 0;
+    fp.tray.doubleClick();
+    EXPECT_TRUE(app.MainForm->isVisible());
+}
+
+} // namespace
