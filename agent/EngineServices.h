@@ -4,14 +4,14 @@
 
 #include <QObject>
 #include <QString>
-
 #include <vector>
 
 class QWidget;
 
 // The seams between the engine's character runtime and its speech parts, so that each can
 // be built and tested alone and the runtime can run with test doubles.
-namespace agent {
+namespace agent
+{
 
 // The voice of the loaded character, from its file's voice info.
 struct VoiceDefaults {
@@ -22,7 +22,8 @@ struct VoiceDefaults {
 
 // Speaks one utterance at a time. The text may hold the speech tags (\chr=, \pit=, \spd=,
 // \vol=, \map=). Progress comes back as signals on the GUI thread.
-class SpeechOutput : public QObject {
+class SpeechOutput : public QObject
+{
     Q_OBJECT
 public:
     using QObject::QObject;
@@ -47,7 +48,8 @@ struct VoicePhrase {
 };
 
 // Listens for the voice texts of the enabled commands.
-class SpeechRecognizer : public QObject {
+class SpeechRecognizer : public QObject
+{
     Q_OBJECT
 public:
     using QObject::QObject;

@@ -1,8 +1,9 @@
+#include "core/Main.h"
+
 #include "agent/engine/AgentEngine.h"
 #include "agent/listen/PocketSphinxRecognizer.h"
 #include "agent/speech/EspeakSpeechOutput.h"
 #include "core/App.h"
-#include "core/Main.h"
 #include "platform/linux/FileRegistryStore.h"
 #include "platform/linux/LogindPower.h"
 #include "platform/linux/QtDialogs.h"
@@ -15,10 +16,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
-
 #include <cstdio>
 
-namespace {
+namespace
+{
 
 bool haveDisplay()
 {
@@ -32,8 +33,8 @@ bool haveDisplay()
 QString findInstalled(const QString& installed, const QString& inBuildTree)
 {
     const QDir programFolder(QCoreApplication::applicationDirPath());
-    for (const QString& candidate : {QStringLiteral("../share/") + installed,
-                                     QStringLiteral("../data/") + inBuildTree}) {
+    for (const QString& candidate :
+         {QStringLiteral("../share/") + installed, QStringLiteral("../data/") + inBuildTree}) {
         const QFileInfo file(programFolder.filePath(candidate));
         if (file.isFile())
             return file.canonicalFilePath();
@@ -67,10 +68,10 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Quorl"));
     QApplication::setOrganizationName(QStringLiteral("Kestrane"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon::fromTheme(
-        QStringLiteral("quorl"),
-        QIcon(findInstalled(QStringLiteral("icons/hicolor/256x256/apps/quorl.png"),
-                            QStringLiteral("quorl-256.png")))));
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(QStringLiteral("quorl"),
+                         QIcon(findInstalled(QStringLiteral("icons/hicolor/256x256/apps/quorl.png"),
+                                             QStringLiteral("quorl-256.png")))));
 
     platform::FileRegistryStore store(platform::FileRegistryStore::defaultFileName());
     platform::QtDialogs dialogs;
@@ -83,7 +84,16 @@ int main(int argc, char** argv)
     platform::ExitProcess process;
     platform::QtTrayIcon tray;
     platform::Platform platform{
-        store, dialogs, clock, screen, clipboard, shell, power, instance, process, tray,
+        store,
+        dialogs,
+        clock,
+        screen,
+        clipboard,
+        shell,
+        power,
+        instance,
+        process,
+        tray,
         createEngine,
         [](QDialog& dialog) { dialog.exec(); },
         findInstalled(QStringLiteral("quorl/lumo.acs"), QStringLiteral("lumo.acs")),

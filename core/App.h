@@ -6,7 +6,6 @@
 #include "settings/RegFunctions.h"
 
 #include <QString>
-
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -56,7 +55,6 @@ struct App {
     std::unique_ptr<frmMain> MainForm;
     // The shut-down confirmation, while it is loaded.
     std::unique_ptr<frmShut> ShutForm;
-
 };
 
 inline const QString CharacterId = QStringLiteral("G");

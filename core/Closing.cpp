@@ -12,9 +12,13 @@
 
 using Conversions::BoolText;
 
-namespace {
+namespace
+{
 
-QString CheckText(const QCheckBox* box) { return box->isChecked() ? QStringLiteral("1") : QStringLiteral("0"); }
+QString CheckText(const QCheckBox* box)
+{
+    return box->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+}
 
 } // namespace
 
@@ -34,7 +38,10 @@ void frmMain::CreateIcon()
                       });
 }
 
-void frmMain::DeleteIcon() { app.P.tray.Delete(); }
+void frmMain::DeleteIcon()
+{
+    app.P.tray.Delete();
+}
 
 void frmMain::ToggleMainWindow()
 {

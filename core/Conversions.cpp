@@ -3,7 +3,8 @@
 #include <charconv>
 #include <string>
 
-namespace Conversions {
+namespace Conversions
+{
 
 double Val(const QString& text)
 {

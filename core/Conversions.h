@@ -1,18 +1,21 @@
 #pragma once
 
 #include <QString>
-
 #include <cstdint>
 
 // The old run-time's conversions, which the program's rules are written against.
-namespace Conversions {
+namespace Conversions
+{
 
 // The number that a text begins with (leading blanks allowed, sign, digits, one point);
 // 0 for an empty text and for a text that begins with no number.
 double Val(const QString& text);
 
 // The text form of a Boolean as stored in settings: "True" or "False".
-inline QString BoolText(bool value) { return value ? QStringLiteral("True") : QStringLiteral("False"); }
+inline QString BoolText(bool value)
+{
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
 
 // The shortest decimal text that reads back as the same 32-bit float: 3.1, 11, 10.2.
 QString SingleText(float value);

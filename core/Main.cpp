@@ -17,7 +17,8 @@
 using platform::BoxButtons;
 using platform::BoxIcon;
 
-namespace {
+namespace
+{
 
 // Settings of generation 42 and older kept a topmost flag that no longer means the same.
 void MigrateSettings(App& app)
@@ -72,43 +73,46 @@ void CheckSpeechEngines(App& app)
 {
     platform::Agent& agent = *app.Agent1;
     auto& dialogs = app.P.dialogs;
-    RunSteps(app, true, 11.0f, {
-        [&] {
-            if (agent.AudioOutputEnabled())
-                return;
-            dialogs.MsgBox(
-                BoxIcon::Critical, BoxButtons::OK, QStringLiteral("Speech is disabled"),
-                QStringLiteral("Speech output is not installed or has been disabled. Visit ") +
-                    HomePageUrl +
-                    QStringLiteral(" to download a speech engine. If you have already done that, "
-                                   "click the right mouse button on Microsoft Agent icon on your "
-                                   "system tray, click on 'Microsoft Agent Properties'. In the "
-                                   "'Output' tab, check all the check boxes."));
-            app.P.process.End();
-        },
-        [&] {
-            if (agent.SpeechInputInstalled())
-                return;
-            dialogs.MsgBox(BoxIcon::Plain, BoxButtons::OK,
-                           QStringLiteral("Speech Engine not Installed"),
-                           QStringLiteral("You don't have a compatible input speech engine "
-                                          "installed, visit ") +
-                               HomePageUrl +
-                               QStringLiteral(" to download the Command and Control Engine."));
-            app.P.process.End();
-        },
-        [&] {
-            if (agent.SpeechInputEnabled())
-                return;
-            agent.setPropertySheetPage(QStringLiteral("Speech"));
-            agent.setPropertySheetVisible(true);
-            dialogs.MsgBox(BoxIcon::Critical, BoxButtons::OK,
-                           QStringLiteral("Enable Speech Engine"),
-                           QStringLiteral("Speech engine is not enabled. Please enable Speech Input "
-                                          "and then press Ok. Otherwise, input features of Quorl "
-                                          "will not work."));
-        },
-    });
+    RunSteps(
+        app, true, 11.0f,
+        {
+            [&] {
+                if (agent.AudioOutputEnabled())
+                    return;
+                dialogs.MsgBox(
+                    BoxIcon::Critical, BoxButtons::OK, QStringLiteral("Speech is disabled"),
+                    QStringLiteral("Speech output is not installed or has been disabled. Visit ") +
+                        HomePageUrl +
+                        QStringLiteral(
+                            " to download a speech engine. If you have already done that, "
+                            "click the right mouse button on Microsoft Agent icon on your "
+                            "system tray, click on 'Microsoft Agent Properties'. In the "
+                            "'Output' tab, check all the check boxes."));
+                app.P.process.End();
+            },
+            [&] {
+                if (agent.SpeechInputInstalled())
+                    return;
+                dialogs.MsgBox(BoxIcon::Plain, BoxButtons::OK,
+                               QStringLiteral("Speech Engine not Installed"),
+                               QStringLiteral("You don't have a compatible input speech engine "
+                                              "installed, visit ") +
+                                   HomePageUrl +
+                                   QStringLiteral(" to download the Command and Control Engine."));
+                app.P.process.End();
+            },
+            [&] {
+                if (agent.SpeechInputEnabled())
+                    return;
+                agent.setPropertySheetPage(QStringLiteral("Speech"));
+                agent.setPropertySheetVisible(true);
+                dialogs.MsgBox(
+                    BoxIcon::Critical, BoxButtons::OK, QStringLiteral("Enable Speech Engine"),
+                    QStringLiteral("Speech engine is not enabled. Please enable Speech Input "
+                                   "and then press Ok. Otherwise, input features of Quorl "
+                                   "will not work."));
+            },
+        });
 }
 
 bool ReadingActive(const App& app)
@@ -120,20 +124,21 @@ void UpdateReadingControls(App& app)
 {
     frmMain& f = *app.MainForm;
     const bool reading = ReadingActive(app);
-    RunSteps(app, false, 13.0f, {
-        [&] { f.mnuFileOptions->setEnabled(!reading); },
-        [&] { f.cmdOptions->setEnabled(!reading); },
-        [&] { f.mnuQuorlApp->setEnabled(!reading); },
-        [&] { f.cmdStop->setEnabled(reading); },
-        [&] {
-            if (!reading)
-                f.cmdNext->setEnabled(false);
-            else if (!app.ReadingClip)
-                f.cmdNext->setEnabled(true);
-        },
-        [&] { f.cmdCont->setEnabled(reading); },
-        [&] { f.cmdShow->setEnabled(!reading); },
-        [&] { f.mnuFileRead->setEnabled(!reading); },
-        [&] { f.Read->setEnabled(!reading); },
-    });
+    RunSteps(app, false, 13.0f,
+             {
+                 [&] { f.mnuFileOptions->setEnabled(!reading); },
+                 [&] { f.cmdOptions->setEnabled(!reading); },
+                 [&] { f.mnuQuorlApp->setEnabled(!reading); },
+                 [&] { f.cmdStop->setEnabled(reading); },
+                 [&] {
+                     if (!reading)
+                         f.cmdNext->setEnabled(false);
+                     else if (!app.ReadingClip)
+                         f.cmdNext->setEnabled(true);
+                 },
+                 [&] { f.cmdCont->setEnabled(reading); },
+                 [&] { f.cmdShow->setEnabled(!reading); },
+                 [&] { f.mnuFileRead->setEnabled(!reading); },
+                 [&] { f.Read->setEnabled(!reading); },
+             });
 }

@@ -4,13 +4,25 @@
 
 #include <QTimer>
 
-void frmMain::mnuFileAgent_Click() { app.Agent1->setPropertySheetVisible(true); }
+void frmMain::mnuFileAgent_Click()
+{
+    app.Agent1->setPropertySheetVisible(true);
+}
 
-void frmMain::mnuFileInstall_Click() { app.P.shell.OpenUrl(InstallAgentPageUrl); }
+void frmMain::mnuFileInstall_Click()
+{
+    app.P.shell.OpenUrl(InstallAgentPageUrl);
+}
 
-void frmMain::mnuFileDownload_Click() { app.P.shell.OpenUrl(CharactersPageUrl); }
+void frmMain::mnuFileDownload_Click()
+{
+    app.P.shell.OpenUrl(CharactersPageUrl);
+}
 
-void frmMain::mnuAboutSite_Click() { app.P.shell.OpenUrl(HomePageUrl); }
+void frmMain::mnuAboutSite_Click()
+{
+    app.P.shell.OpenUrl(HomePageUrl);
+}
 
 // From the menu the splash window stays until it is clicked.
 void frmMain::mnuAboutSplash_Click()
@@ -20,4 +32,7 @@ void frmMain::mnuAboutSplash_Click()
     app.P.showModal(splash);
 }
 
-void frmMain::Command1_Click() { ToggleMainWindow(); }
+void frmMain::Command1_Click()
+{
+    ToggleMainWindow();
+}

@@ -8,7 +8,8 @@ using platform::BoxButtons;
 using platform::BoxIcon;
 namespace errors = platform::errors;
 
-namespace {
+namespace
+{
 
 const QString CrLf = QStringLiteral("\r\n");
 
@@ -16,7 +17,8 @@ QString AgentMissingText()
 {
     return QStringLiteral("You didn't install Microsoft Agent. Please goto '") + HomePageUrl +
            QStringLiteral("' ") + CrLf +
-           QStringLiteral("and go to the 'Agent Installation' section to install three components:") +
+           QStringLiteral(
+               "and go to the 'Agent Installation' section to install three components:") +
            CrLf + QStringLiteral("1) Install Microsoft Agent Services version 1.5") + CrLf +
            QStringLiteral("2) Install the TruVoice Text-To-Speech Engine") + CrLf +
            QStringLiteral("3) Install the Command and Control Engine") + CrLf +

@@ -13,4 +13,5 @@ void ReportError(App& app, bool Fatal, float Where, const platform::RuntimeError
 
 // Runs each step in turn; a step that fails is reported and the next step runs, as a routine
 // does whose handler goes on with the next statement.
-void RunSteps(App& app, bool Fatal, float Where, std::initializer_list<std::function<void()>> steps);
+void RunSteps(App& app, bool Fatal, float Where,
+              std::initializer_list<std::function<void()>> steps);

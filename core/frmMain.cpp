@@ -20,7 +20,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-namespace {
+namespace
+{
 
 QPushButton* button(const QString& caption, const QString& toolTip, QWidget* parent)
 {
@@ -109,16 +110,17 @@ void frmMain::buildVoicePanel(QWidget* parent)
     Frame1 = new QGroupBox(QStringLiteral("Voice Settings"), parent);
     auto* grid = new QGridLayout(Frame1);
     sdrPitch = slider(50, 400, 25, QStringLiteral(" Sets the pitch of the speech output "), Frame1);
-    sdrSpeed = slider(50, 250, 20,
-                      QStringLiteral(" Sets the average talking speed, in words per minute "),
-                      Frame1);
+    sdrSpeed =
+        slider(50, 250, 20, QStringLiteral(" Sets the average talking speed, in words per minute "),
+               Frame1);
     sdrVolume = slider(1, 65535, 5000, QStringLiteral(" Sets the speaking volume "), Frame1);
     chkWhisper = new QCheckBox(QStringLiteral("&Whisper"), Frame1);
     chkWhisper->setToolTip(QStringLiteral(" Make the character whisper "));
     chkBalloon = new QCheckBox(QStringLiteral("Hide &Balloon"), Frame1);
     chkBalloon->setToolTip(QStringLiteral("Hide the character balloon when reading"));
-    cmdDefaults = button(QStringLiteral("&Defaults"),
-                         QStringLiteral(" Set voice settings to character default values "), Frame1);
+    cmdDefaults =
+        button(QStringLiteral("&Defaults"),
+               QStringLiteral(" Set voice settings to character default values "), Frame1);
     chkIgnore = new QCheckBox(QStringLiteral("When reading &ignore:"), Frame1);
     chkIgnore->setToolTip(
         QStringLiteral("You can enter one or two characters that will not be read by Quorl"));
@@ -150,11 +152,13 @@ void frmMain::buildMenus()
         return action;
     };
     mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
-    mnuFileRead = add(mnuFile, QStringLiteral("&Read Text File"), QKeySequence(QStringLiteral("Ctrl+R")));
+    mnuFileRead =
+        add(mnuFile, QStringLiteral("&Read Text File"), QKeySequence(QStringLiteral("Ctrl+R")));
     mnuFile->addSeparator();
     mnuFileOptions = add(mnuFile, QStringLiteral("&Options"));
     mnuFileAgent = add(mnuFile, QStringLiteral("Microsoft Agent &Properties"));
-    mnuFileSavenow = add(mnuFile, QStringLiteral("Save Settings &Now"), QKeySequence(QStringLiteral("Ctrl+S")));
+    mnuFileSavenow =
+        add(mnuFile, QStringLiteral("Save Settings &Now"), QKeySequence(QStringLiteral("Ctrl+S")));
     mnuFileSave = add(mnuFile, QStringLiteral("&Save Settings on Exit"));
     mnuFileSave->setCheckable(true);
     mnuFileSave->setChecked(true);
@@ -165,15 +169,18 @@ void frmMain::buildMenus()
     mnuFileExit = add(mnuFile, QStringLiteral("E&xit"));
 
     mnuView = menuBar()->addMenu(QStringLiteral("&View"));
-    mnuViewTop = add(mnuView, QStringLiteral("Always On &Top"), QKeySequence(QStringLiteral("Ctrl+O")));
+    mnuViewTop =
+        add(mnuView, QStringLiteral("Always On &Top"), QKeySequence(QStringLiteral("Ctrl+O")));
     mnuViewTop->setCheckable(true);
     mnuViewVoice = add(mnuView, QStringLiteral("&Voice Settings"));
     mnuViewVoice->setCheckable(true);
     mnuViewVoice->setChecked(true);
 
     mnuQuorl = menuBar()->addMenu(QStringLiteral("Q&uorl"));
-    mnuQuorlTime = add(mnuQuorl, QStringLiteral("Say the &Time"), QKeySequence(QStringLiteral("Ctrl+T")));
-    mnuQuorlDate = add(mnuQuorl, QStringLiteral("Say the &Date"), QKeySequence(QStringLiteral("Ctrl+D")));
+    mnuQuorlTime =
+        add(mnuQuorl, QStringLiteral("Say the &Time"), QKeySequence(QStringLiteral("Ctrl+T")));
+    mnuQuorlDate =
+        add(mnuQuorl, QStringLiteral("Say the &Date"), QKeySequence(QStringLiteral("Ctrl+D")));
     mnuQuorl->addSeparator();
     mnuQuorlApp = add(mnuQuorl, QStringLiteral("Voice Activated &Applications"));
     mnuQuorlReminders = add(mnuQuorl, QStringLiteral("&Notes && Reminders"));
@@ -182,7 +189,8 @@ void frmMain::buildMenus()
     mnuAboutSite = add(mnuAbout, QStringLiteral("&Visit Quorl Home Page"));
     mnuAbout->addSeparator();
     mnuAboutSplash = add(mnuAbout, QStringLiteral("&Splash Screen"));
-    mnuAboutAbout = add(mnuAbout, QStringLiteral("&About Quorl"), QKeySequence(QStringLiteral("Ctrl+A")));
+    mnuAboutAbout =
+        add(mnuAbout, QStringLiteral("&About Quorl"), QKeySequence(QStringLiteral("Ctrl+A")));
 }
 
 void frmMain::connectHandlers()
@@ -197,11 +205,10 @@ void frmMain::connectHandlers()
     on(sdrVolume, &QSlider::valueChanged, "sdrVolume_Change", &frmMain::sdrVolume_Change);
     // These two routines turn their own check marks over, so Qt's toggle is taken back first.
     auto onChecked = [this](QAction* action, const char* name, void (frmMain::*handler)()) {
-        connect(action, &QAction::triggered, this,
-                [this, action, name, handler](bool checked) {
-                    action->setChecked(!checked);
-                    RunGuarded(name, [this, handler] { (this->*handler)(); });
-                });
+        connect(action, &QAction::triggered, this, [this, action, name, handler](bool checked) {
+            action->setChecked(!checked);
+            RunGuarded(name, [this, handler] { (this->*handler)(); });
+        });
     };
     onChecked(mnuViewVoice, "mnuViewVoice_Click", &frmMain::mnuViewVoice_Click);
     onChecked(mnuViewTop, "mnuViewTop_Click", &frmMain::mnuViewTop_Click);
@@ -228,13 +235,34 @@ void frmMain::connectHandlers()
     on(Command1, &QPushButton::clicked, "Command1_Click", &frmMain::Command1_Click);
 }
 
-int frmMain::LeftTwips() const { return x() * app.P.screen.TwipsPerPixelX(); }
-int frmMain::TopTwips() const { return y() * app.P.screen.TwipsPerPixelY(); }
-int frmMain::WidthTwips() const { return width() * app.P.screen.TwipsPerPixelX(); }
-int frmMain::HeightTwips() const { return height() * app.P.screen.TwipsPerPixelY(); }
-void frmMain::setLeftTwips(int twips) { move(twips / app.P.screen.TwipsPerPixelX(), y()); }
-void frmMain::setTopTwips(int twips) { move(x(), twips / app.P.screen.TwipsPerPixelY()); }
-void frmMain::setWidthTwips(int twips) { resize(twips / app.P.screen.TwipsPerPixelX(), height()); }
+int frmMain::LeftTwips() const
+{
+    return x() * app.P.screen.TwipsPerPixelX();
+}
+int frmMain::TopTwips() const
+{
+    return y() * app.P.screen.TwipsPerPixelY();
+}
+int frmMain::WidthTwips() const
+{
+    return width() * app.P.screen.TwipsPerPixelX();
+}
+int frmMain::HeightTwips() const
+{
+    return height() * app.P.screen.TwipsPerPixelY();
+}
+void frmMain::setLeftTwips(int twips)
+{
+    move(twips / app.P.screen.TwipsPerPixelX(), y());
+}
+void frmMain::setTopTwips(int twips)
+{
+    move(x(), twips / app.P.screen.TwipsPerPixelY());
+}
+void frmMain::setWidthTwips(int twips)
+{
+    resize(twips / app.P.screen.TwipsPerPixelX(), height());
+}
 
 void frmMain::Form_Load()
 {

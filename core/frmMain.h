@@ -19,7 +19,8 @@ class QTimer;
 
 // The main window: the text box, the reading buttons, the voice panel, the menus, the timers,
 // and the receiver of the character control's events.
-class frmMain : public QMainWindow, public platform::AgentEvents {
+class frmMain : public QMainWindow, public platform::AgentEvents
+{
     Q_OBJECT
 public:
     explicit frmMain(App& app);

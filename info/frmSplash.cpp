@@ -12,7 +12,10 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-QString VersionText() { return QStringLiteral("Version ") + QStringLiteral(QUORL_VERSION); }
+QString VersionText()
+{
+    return QStringLiteral("Version ") + QStringLiteral(QUORL_VERSION);
+}
 
 frmSplash::frmSplash(App& app, QWidget* parent)
     : QDialog(parent, Qt::FramelessWindowHint | Qt::Dialog), app_(app)
@@ -34,8 +37,9 @@ frmSplash::frmSplash(App& app, QWidget* parent)
     lblCompanyProduct = new QLabel(QStringLiteral("Kestrane"), Frame1);
     lblWarning = new QLabel(QStringLiteral("Programmed by: ") + AuthorName, Frame1);
     Label1 = new QLabel(HomePageUrl, Frame1);
-    for (QWidget* w : std::initializer_list<QWidget*>{Image1, lblProductName, lblVersion, lblPlatform,
-                                                      lblCompanyProduct, lblWarning, Label1}) {
+    for (QWidget* w :
+         std::initializer_list<QWidget*>{Image1, lblProductName, lblVersion, lblPlatform,
+                                         lblCompanyProduct, lblWarning, Label1}) {
         column->addWidget(w);
         w->installEventFilter(this);
     }
@@ -49,7 +53,10 @@ frmSplash::frmSplash(App& app, QWidget* parent)
     Form_Load();
 }
 
-frmSplash::~frmSplash() { Form_Unload(); }
+frmSplash::~frmSplash()
+{
+    Form_Unload();
+}
 
 void frmSplash::Form_Load()
 {
@@ -71,9 +78,15 @@ void frmSplash::Form_Unload()
         SetOnTop(app_, true);
 }
 
-void frmSplash::Timer1_Timer() { accept(); }
+void frmSplash::Timer1_Timer()
+{
+    accept();
+}
 
-void frmSplash::Form_Click() { accept(); }
+void frmSplash::Form_Click()
+{
+    accept();
+}
 
 void frmSplash::Frame1_Click()
 {

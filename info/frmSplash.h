@@ -8,7 +8,8 @@ class QLabel;
 class QTimer;
 
 // The start-up window: goes by itself after two seconds, or at a click.
-class frmSplash : public QDialog {
+class frmSplash : public QDialog
+{
     Q_OBJECT
 public:
     explicit frmSplash(App& app, QWidget* parent = nullptr);

@@ -3,18 +3,19 @@
 #include "platform/RuntimeError.h"
 
 #include <QString>
-
 #include <cstdint>
 #include <memory>
 
 // The character control that the program drives: characters, their queued requests, the
 // command list, the speech flags and the property sheet. Every failing member throws
 // platform::RuntimeError. All calls and events happen on the GUI thread.
-namespace platform {
+namespace platform
+{
 
 // A queued operation of a character. Status: 2 pending, 4 in progress, 0 complete,
 // 1 failed, 3 interrupted.
-class AgentRequest {
+class AgentRequest
+{
 public:
     enum : int { Complete = 0, Failed = 1, Pending = 2, Interrupted = 3, InProgress = 4 };
     virtual ~AgentRequest() = default;
@@ -22,7 +23,8 @@ public:
 };
 using Request = std::shared_ptr<AgentRequest>;
 
-class AgentCommand {
+class AgentCommand
+{
 public:
     virtual ~AgentCommand() = default;
     virtual QString Name() const = 0;
@@ -36,7 +38,8 @@ public:
     virtual void setVisible(bool visible) = 0;
 };
 
-class AgentCommands {
+class AgentCommands
+{
 public:
     virtual ~AgentCommands() = default;
     virtual QString Caption() const = 0;
@@ -55,14 +58,16 @@ public:
     virtual AgentCommand& At(int index) = 0;
 };
 
-class AgentBalloon {
+class AgentBalloon
+{
 public:
     virtual ~AgentBalloon() = default;
     virtual bool Visible() const = 0;
     virtual void setVisible(bool visible) = 0;
 };
 
-class AgentCharacter {
+class AgentCharacter
+{
 public:
     virtual ~AgentCharacter() = default;
 
@@ -89,7 +94,8 @@ public:
     virtual AgentCommands& Commands() = 0;
 };
 
-class AgentCharacters {
+class AgentCharacters
+{
 public:
     virtual ~AgentCharacters() = default;
     // Throws on a file that is missing or is not a character file.
@@ -104,7 +110,8 @@ struct UserInput {
 };
 
 // What the control raises. The program implements it; the control calls it on the GUI thread.
-class AgentEvents {
+class AgentEvents
+{
 public:
     virtual ~AgentEvents() = default;
     virtual void Agent1_Click(const QString& characterId, int button, int shift, int x, int y) = 0;
@@ -118,7 +125,8 @@ public:
     virtual void Agent1_Error(const RuntimeError& error) = 0;
 };
 
-class Agent {
+class Agent
+{
 public:
     virtual ~Agent() = default;
 

@@ -2,7 +2,8 @@
 
 #include <QString>
 
-namespace platform {
+namespace platform
+{
 
 enum class BoxIcon { Critical, Warning, Information, Plain };
 enum class BoxButtons { OK, OKCancel, RetryCancel, YesNo, YesNoCancel };
@@ -10,14 +11,15 @@ enum class BoxButtons { OK, OKCancel, RetryCancel, YesNo, YesNoCancel };
 enum class BoxAnswer { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
 struct OpenFileRequest {
-    QString filter;      // "Text Files (*.txt) |*.txt|All Files (*.*) |*.*"
+    QString filter; // "Text Files (*.txt) |*.txt|All Files (*.*) |*.*"
     QString title;
-    QString initialDir;  // empty: the dialog's own choice
-    QString fileName;    // preset name, usually empty
+    QString initialDir; // empty: the dialog's own choice
+    QString fileName;   // preset name, usually empty
 };
 
 // Message boxes, the beep and the open-file dialog. Each call runs its own event loop.
-class Dialogs {
+class Dialogs
+{
 public:
     virtual ~Dialogs() = default;
     virtual BoxAnswer MsgBox(BoxIcon icon, BoxButtons buttons, const QString& title,

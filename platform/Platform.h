@@ -11,7 +11,8 @@
 
 class QDialog;
 
-namespace platform {
+namespace platform
+{
 
 // Everything the program needs of the outside world, handed to Main in one piece.
 struct Platform {

@@ -2,15 +2,16 @@
 
 #include <QByteArray>
 #include <QString>
-
 #include <cstdint>
 
-namespace platform {
+namespace platform
+{
 
 // The per-user settings store, with the operations of a registry: open or create a key,
 // query and set a value, close. Value names are matched without regard to case. A handle
 // of 0 stands for "no key": queries on it fail and closing it is harmless.
-class RegistryStore {
+class RegistryStore
+{
 public:
     using Handle = std::uint32_t;
     enum ValueType : std::uint32_t { None = 0, String = 1, Binary = 3 };

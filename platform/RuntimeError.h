@@ -1,14 +1,15 @@
 #pragma once
 
 #include <QString>
-
 #include <cstdint>
 #include <exception>
 
-namespace platform {
+namespace platform
+{
 
 // The pending run-time error of a failing platform or engine call. ReportError reads it.
-class RuntimeError : public std::exception {
+class RuntimeError : public std::exception
+{
 public:
     RuntimeError(std::int32_t number, QString source, QString description)
         : Number(number), Source(std::move(source)), Description(std::move(description)),
@@ -27,11 +28,15 @@ private:
 };
 
 // Result codes as signed 32-bit numbers, the way an interface call reports them.
-constexpr std::int32_t hresult(std::uint32_t code) { return static_cast<std::int32_t>(code); }
+constexpr std::int32_t hresult(std::uint32_t code)
+{
+    return static_cast<std::int32_t>(code);
+}
 
 inline const QString AgentSource = QStringLiteral("Agent.Control.1");
 
-namespace errors {
+namespace errors
+{
 constexpr std::int32_t AgentNotInstalled = 339;
 constexpr std::int32_t FormAlreadyShown = 400;
 constexpr std::int32_t SoundSystemBusy = hresult(0x80040317);

@@ -3,16 +3,19 @@
 #include <QDateTime>
 #include <QString>
 
-namespace platform {
+namespace platform
+{
 
-class Clock {
+class Clock
+{
 public:
     virtual ~Clock() = default;
     virtual QDateTime Now() const = 0;
 };
 
 // Sizes in twips, the layout unit of the program's windows.
-class Screen {
+class Screen
+{
 public:
     virtual ~Screen() = default;
     virtual int Width() const = 0;
@@ -21,14 +24,16 @@ public:
     virtual int TwipsPerPixelY() const = 0;
 };
 
-class Clipboard {
+class Clipboard
+{
 public:
     virtual ~Clipboard() = default;
     // Plain text; empty when the clipboard holds none.
     virtual QString Text() const = 0;
 };
 
-class Shell {
+class Shell
+{
 public:
     virtual ~Shell() = default;
     // Opens a web page in the user's browser; a failure shows nothing.
@@ -38,7 +43,8 @@ public:
 };
 
 // Shutting the machine down (flags 1) or restarting it (flags 2). The result is not reported.
-class Power {
+class Power
+{
 public:
     virtual ~Power() = default;
     virtual void ExitWindowsEx(unsigned flags, unsigned reserved) = 0;
@@ -46,14 +52,16 @@ public:
 
 // Whether another instance of the program runs for this user. The first caller holds the
 // instance lock for the rest of its life.
-class Instance {
+class Instance
+{
 public:
     virtual ~Instance() = default;
     virtual bool PreviousInstanceRunning() = 0;
 };
 
 // The end of the program at once: no unload events, nothing saved.
-class Process {
+class Process
+{
 public:
     virtual ~Process() = default;
     [[noreturn]] virtual void End() = 0;

@@ -2,13 +2,14 @@
 
 #include <QIcon>
 #include <QString>
-
 #include <functional>
 
-namespace platform {
+namespace platform
+{
 
 // The notification-area icon. A left double click runs the handler given to Create.
-class TrayIcon {
+class TrayIcon
+{
 public:
     virtual ~TrayIcon() = default;
     virtual void Create(const QIcon& icon, const QString& tip,

@@ -4,7 +4,8 @@
 
 using platform::RegistryStore;
 
-namespace RegFunctions {
+namespace RegFunctions
+{
 
 QString ToString(const KeyValue& value)
 {

@@ -3,17 +3,18 @@
 #include "platform/RegistryStore.h"
 
 #include <QString>
-
 #include <cstdint>
 #include <variant>
 
 // The settings layer: every setting is a string value under one key of the current user.
-namespace RegFunctions {
+namespace RegFunctions
+{
 
 inline const QString SettingsKey = QStringLiteral("Software\\Kestrane\\Quorl");
 
 // A read result: Empty, a string or a 16-bit integer.
-struct Empty {};
+struct Empty {
+};
 using KeyValue = std::variant<Empty, QString, std::int16_t>;
 
 QString ToString(const KeyValue& value);
@@ -29,7 +30,8 @@ QString GetSetting(platform::RegistryStore& store, std::uint32_t hive, const QSt
                    const QString& name, const QString& defaultValue);
 
 // The program's own key, for the callers that never name another.
-class Settings {
+class Settings
+{
 public:
     explicit Settings(platform::RegistryStore& store) : store_(store) {}
     KeyValue Read(const QString& name) const;

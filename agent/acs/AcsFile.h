@@ -3,13 +3,14 @@
 #include "agent/acs/CharacterData.h"
 
 #include <QByteArray>
-
 #include <stdexcept>
 
-namespace agent::acs {
+namespace agent::acs
+{
 
 // A character file that cannot be read: truncated, corrupt, hostile or of another kind.
-class FormatError : public std::runtime_error {
+class FormatError : public std::runtime_error
+{
 public:
     using std::runtime_error::runtime_error;
 };

@@ -4,14 +4,14 @@
 #include <QColor>
 #include <QString>
 #include <QStringList>
-
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
 
 // A character file in memory, as its structures stand in the file. Indexes are 0-based.
-namespace agent::acs {
+namespace agent::acs
+{
 
 struct Guid {
     std::array<std::uint8_t, 16> bytes{};
@@ -117,9 +117,9 @@ struct Overlay {
 
 struct Frame {
     std::vector<FrameImage> images;
-    std::int16_t sound = -1;      // index into the audio list; -1 none
-    std::uint16_t duration = 10;  // 1/100 s
-    std::int16_t exitFrame = -2;  // negative: no exit branch
+    std::int16_t sound = -1;     // index into the audio list; -1 none
+    std::uint16_t duration = 10; // 1/100 s
+    std::int16_t exitFrame = -2; // negative: no exit branch
     std::vector<Branch> branches;
     std::vector<Overlay> overlays;
 
@@ -172,7 +172,8 @@ struct CharacterData {
     bool operator==(const CharacterData&) const = default;
 };
 
-namespace flags {
+namespace flags
+{
 constexpr std::uint32_t VoiceNone = 0x00000010;
 constexpr std::uint32_t VoiceTts = 0x00000020;
 constexpr std::uint32_t BalloonNone = 0x00000100;

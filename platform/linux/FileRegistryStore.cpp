@@ -10,9 +10,11 @@
 
 Q_LOGGING_CATEGORY(lcStore, "quorl.store", QtWarningMsg)
 
-namespace platform {
+namespace platform
+{
 
-namespace {
+namespace
+{
 
 // Settings are text; a file with NUL bytes or broken UTF-8 was not written by this store.
 bool looksLikeSettingsText(const QString& fileName)

@@ -3,17 +3,18 @@
 #include "platform/RegistryStore.h"
 
 #include <QSettings>
-
 #include <map>
 #include <memory>
 
-namespace platform {
+namespace platform
+{
 
 // The settings store as a per-user file. Each key is a group of the file; value names are
 // matched without regard to case. Every change is written at once and atomically (the file
 // is replaced, never rewritten in place). A file that cannot be read as settings is renamed
 // aside and the store starts empty.
-class FileRegistryStore : public RegistryStore {
+class FileRegistryStore : public RegistryStore
+{
 public:
     // fileName: the full path of the settings file.
     explicit FileRegistryStore(const QString& fileName);

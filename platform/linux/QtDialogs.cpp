@@ -4,9 +4,11 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
-namespace platform {
+namespace platform
+{
 
-namespace {
+namespace
+{
 
 QMessageBox::Icon qtIcon(BoxIcon icon)
 {
@@ -61,7 +63,8 @@ BoxAnswer answerOf(int button)
 BoxAnswer QtDialogs::MsgBox(BoxIcon icon, BoxButtons buttons, const QString& title,
                             const QString& text)
 {
-    QMessageBox box(qtIcon(icon), title, QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")),
+    QMessageBox box(qtIcon(icon), title,
+                    QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")),
                     qtButtons(buttons));
     // Closing the box by its frame answers Cancel where there is one, else OK.
     if (buttons == BoxButtons::OKCancel || buttons == BoxButtons::RetryCancel ||
@@ -70,7 +73,10 @@ BoxAnswer QtDialogs::MsgBox(BoxIcon icon, BoxButtons buttons, const QString& tit
     return answerOf(box.exec());
 }
 
-void QtDialogs::Beep() { QApplication::beep(); }
+void QtDialogs::Beep()
+{
+    QApplication::beep();
+}
 
 QString QtDialogs::qtFilter(const QString& filter)
 {
@@ -93,8 +99,9 @@ QString QtDialogs::OpenFile(const OpenFileRequest& request)
 {
     QString start = request.initialDir;
     if (!request.fileName.isEmpty())
-        start = request.initialDir.isEmpty() ? request.fileName
-                                             : request.initialDir + QLatin1Char('/') + request.fileName;
+        start = request.initialDir.isEmpty()
+                    ? request.fileName
+                    : request.initialDir + QLatin1Char('/') + request.fileName;
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), request.title, start,
                                         qtFilter(request.filter));
 }

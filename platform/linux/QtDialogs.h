@@ -2,10 +2,12 @@
 
 #include "platform/Dialogs.h"
 
-namespace platform {
+namespace platform
+{
 
 // Message boxes, the beep and the open-file dialog of Qt.
-class QtDialogs : public Dialogs {
+class QtDialogs : public Dialogs
+{
 public:
     BoxAnswer MsgBox(BoxIcon icon, BoxButtons buttons, const QString& title,
                      const QString& text) override;

@@ -8,9 +8,11 @@
 #include <QStandardPaths>
 #include <QUrl>
 
-namespace platform {
+namespace platform
+{
 
-namespace {
+namespace
+{
 
 constexpr int MaxCommandLine = 255;
 
@@ -22,7 +24,10 @@ bool isExecutableFile(const QString& path)
 
 } // namespace
 
-void QtShell::OpenUrl(const QString& url) { QDesktopServices::openUrl(QUrl(url)); }
+void QtShell::OpenUrl(const QString& url)
+{
+    QDesktopServices::openUrl(QUrl(url));
+}
 
 QStringList QtShell::splitCommandLine(const QString& commandLine)
 {

@@ -4,9 +4,11 @@
 
 #include <QStringList>
 
-namespace platform {
+namespace platform
+{
 
-class QtShell : public Shell {
+class QtShell : public Shell
+{
 public:
     void OpenUrl(const QString& url) override;
     void StartCommandLine(const QString& commandLine) override;

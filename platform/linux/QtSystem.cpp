@@ -5,27 +5,49 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
-
 #include <cstdio>
 #include <cstdlib>
 
-namespace platform {
+namespace platform
+{
 
-namespace {
+namespace
+{
 
 // A twip is 1/1440 inch.
-int twipsPerPixel(qreal dotsPerInch) { return qMax(1, qRound(1440.0 / dotsPerInch)); }
+int twipsPerPixel(qreal dotsPerInch)
+{
+    return qMax(1, qRound(1440.0 / dotsPerInch));
+}
 
-QScreen* screen() { return QGuiApplication::primaryScreen(); }
+QScreen* screen()
+{
+    return QGuiApplication::primaryScreen();
+}
 
 } // namespace
 
-int QtScreen::Width() const { return screen()->size().width() * TwipsPerPixelX(); }
-int QtScreen::Height() const { return screen()->size().height() * TwipsPerPixelY(); }
-int QtScreen::TwipsPerPixelX() const { return twipsPerPixel(screen()->logicalDotsPerInchX()); }
-int QtScreen::TwipsPerPixelY() const { return twipsPerPixel(screen()->logicalDotsPerInchY()); }
+int QtScreen::Width() const
+{
+    return screen()->size().width() * TwipsPerPixelX();
+}
+int QtScreen::Height() const
+{
+    return screen()->size().height() * TwipsPerPixelY();
+}
+int QtScreen::TwipsPerPixelX() const
+{
+    return twipsPerPixel(screen()->logicalDotsPerInchX());
+}
+int QtScreen::TwipsPerPixelY() const
+{
+    return twipsPerPixel(screen()->logicalDotsPerInchY());
+}
 
-QString QtClipboard::Text() const { return QGuiApplication::clipboard()->text(); }
+QString QtClipboard::Text() const
+{
+    return QGuiApplication::clipboard()->text();
+}
 
 LockFileInstance::LockFileInstance(const QString& lockFileName) : lock_(lockFileName)
 {

@@ -3,17 +3,19 @@
 #include "platform/System.h"
 
 #include <QLockFile>
-
 #include <memory>
 
-namespace platform {
+namespace platform
+{
 
-class SystemClock : public Clock {
+class SystemClock : public Clock
+{
 public:
     QDateTime Now() const override { return QDateTime::currentDateTime(); }
 };
 
-class QtScreen : public Screen {
+class QtScreen : public Screen
+{
 public:
     int Width() const override;
     int Height() const override;
@@ -21,14 +23,16 @@ public:
     int TwipsPerPixelY() const override;
 };
 
-class QtClipboard : public Clipboard {
+class QtClipboard : public Clipboard
+{
 public:
     QString Text() const override;
 };
 
 // The instance lock is a file in the user's runtime folder; a lock left by a program that
 // died is taken over.
-class LockFileInstance : public Instance {
+class LockFileInstance : public Instance
+{
 public:
     explicit LockFileInstance(const QString& lockFileName = defaultLockFileName());
     bool PreviousInstanceRunning() override;
@@ -38,7 +42,8 @@ private:
     QLockFile lock_;
 };
 
-class ExitProcess : public Process {
+class ExitProcess : public Process
+{
 public:
     [[noreturn]] void End() override;
 };

@@ -2,7 +2,8 @@
 
 #include <QSystemTrayIcon>
 
-namespace platform {
+namespace platform
+{
 
 QtTrayIcon::QtTrayIcon() = default;
 QtTrayIcon::~QtTrayIcon() = default;
@@ -11,14 +12,18 @@ void QtTrayIcon::Create(const QIcon& icon, const QString& tip, std::function<voi
 {
     icon_ = std::make_unique<QSystemTrayIcon>(icon);
     icon_->setToolTip(tip);
-    QObject::connect(icon_.get(), &QSystemTrayIcon::activated,
-                     [handler = std::move(onDoubleClick)](QSystemTrayIcon::ActivationReason reason) {
-                         if (reason == QSystemTrayIcon::DoubleClick)
-                             handler();
-                     });
+    QObject::connect(
+        icon_.get(), &QSystemTrayIcon::activated,
+        [handler = std::move(onDoubleClick)](QSystemTrayIcon::ActivationReason reason) {
+            if (reason == QSystemTrayIcon::DoubleClick)
+                handler();
+        });
     icon_->show();
 }
 
-void QtTrayIcon::Delete() { icon_.reset(); }
+void QtTrayIcon::Delete()
+{
+    icon_.reset();
+}
 
 } // namespace platform

@@ -6,13 +6,16 @@
 
 class QSystemTrayIcon;
 
-namespace platform {
+namespace platform
+{
 
-class QtTrayIcon : public TrayIcon {
+class QtTrayIcon : public TrayIcon
+{
 public:
     QtTrayIcon();
     ~QtTrayIcon() override;
-    void Create(const QIcon& icon, const QString& tip, std::function<void()> onDoubleClick) override;
+    void Create(const QIcon& icon, const QString& tip,
+                std::function<void()> onDoubleClick) override;
     void Delete() override;
 
 private:

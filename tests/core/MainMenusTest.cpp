@@ -7,10 +7,10 @@
 #include <QDialog>
 #include <QPushButton>
 #include <QTimer>
-
 #include <gtest/gtest.h>
 
-namespace {
+namespace
+{
 
 struct MainMenusTest : ::testing::Test {
     fakes::FakePlatform fp;

@@ -1,16 +1,17 @@
-#include "core/App.h"
 #include "core/Main.h"
+
+#include "core/App.h"
 #include "core/frmMain.h"
 #include "fakes/FakePlatform.h"
 
 #include <QDir>
-
 #include <gtest/gtest.h>
 
 using platform::BoxIcon;
 using platform::RuntimeError;
 
-namespace {
+namespace
+{
 
 struct MainTest : ::testing::Test {
     fakes::FakePlatform fp;
@@ -139,8 +140,9 @@ TEST_F(MainTest, SpeechInputOffOpensTheSpeechPageWarnsAndGoesOn)
 TEST_F(MainTest, SilentErrorsWhileTestingTheEnginesLetStartUpGoOn)
 {
     fp.onModal = [this](QDialog&) {
-        fp.agent->failCalls(QStringLiteral("AudioOutput.Enabled"),
-                            RuntimeError(platform::errors::SpeechInputError, platform::AgentSource, {}));
+        fp.agent->failCalls(
+            QStringLiteral("AudioOutput.Enabled"),
+            RuntimeError(platform::errors::SpeechInputError, platform::AgentSource, {}));
         fp.agent->failCalls(QStringLiteral("SpeechInput.Installed"),
                             RuntimeError(platform::errors::ObjectError, platform::AgentSource, {}));
         fp.agent->speechInputEnabled = false;

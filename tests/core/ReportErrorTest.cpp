@@ -1,5 +1,6 @@
-#include "core/App.h"
 #include "core/ReportError.h"
+
+#include "core/App.h"
 #include "fakes/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,8 @@
 using platform::BoxIcon;
 using platform::RuntimeError;
 
-namespace {
+namespace
+{
 
 struct Row {
     std::int32_t number;
@@ -24,7 +26,9 @@ void PrintTo(const Row& row, std::ostream* out)
          << (row.fatal ? " fatal" : "");
 }
 
-class ReportErrorTest : public ::testing::TestWithParam<Row> {};
+class ReportErrorTest : public ::testing::TestWithParam<Row>
+{
+};
 
 const QString agentSource = QStringLiteral("Agent.Control.1");
 const QString other = QStringLiteral("Quorl");
@@ -65,10 +69,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{platform::hresult(0x80042502), agentSource, 6, false, "", false},
         Row{339, other, 3.1f, true, "Microsoft Agent Not Installed", true},
         Row{339, other, 6, false, "Microsoft Agent Not Installed", false},
-        Row{400, other, 3.1f, true, "", false},
-        Row{400, other, 2, false, "", false},
-        Row{50003, other, 11, true, "", false},
-        Row{50003, other, 3.1f, true, "", true},
+        Row{400, other, 3.1f, true, "", false}, Row{400, other, 2, false, "", false},
+        Row{50003, other, 11, true, "", false}, Row{50003, other, 3.1f, true, "", true},
         Row{53, other, 4.2f, true, "Unknown Error", true},
         Row{53, other, 2, false, "Unknown Error", false}));
 
@@ -114,7 +116,8 @@ TEST(ReportErrorText, SoundSystemBox)
 {
     fakes::FakePlatform fp;
     App app(fp.platform);
-    ReportError(app, false, 6, RuntimeError(platform::errors::SoundSystemBusy, agentSource, QString()));
+    ReportError(app, false, 6,
+                RuntimeError(platform::errors::SoundSystemBusy, agentSource, QString()));
     const fakes::Box& box = fp.dialogs.boxes.at(0);
     EXPECT_EQ(box.icon, BoxIcon::Warning);
     EXPECT_EQ(box.text, QStringLiteral("Some other application is using your sound system, this "

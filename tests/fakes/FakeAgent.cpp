@@ -1,10 +1,15 @@
 #include "fakes/FakeAgent.h"
 
-namespace fakes {
+namespace fakes
+{
 
-namespace {
+namespace
+{
 
-QString flag(bool value) { return value ? QStringLiteral("1") : QStringLiteral("0"); }
+QString flag(bool value)
+{
+    return value ? QStringLiteral("1") : QStringLiteral("0");
+}
 
 platform::RuntimeError notFound(const QString& what)
 {
@@ -130,7 +135,10 @@ platform::Request FakeCharacter::Show(bool fast)
     return request(QStringLiteral("Show(") + flag(fast) + QLatin1Char(')'));
 }
 
-platform::Request FakeCharacter::Hide() { return request(QStringLiteral("Hide()")); }
+platform::Request FakeCharacter::Hide()
+{
+    return request(QStringLiteral("Hide()"));
+}
 
 platform::Request FakeCharacter::MoveTo(std::int16_t x, std::int16_t y)
 {
@@ -234,7 +242,10 @@ FakeCharacter* FakeAgent::character(const QString& id)
     return it == characters.loaded.end() ? nullptr : it->second.get();
 }
 
-void FakeAgent::raiseClick(int button, const QString& id) { events->Agent1_Click(id, button, 0, 0, 0); }
+void FakeAgent::raiseClick(int button, const QString& id)
+{
+    events->Agent1_Click(id, button, 0, 0, 0);
+}
 void FakeAgent::raiseShow(const QString& id)
 {
     if (auto* c = character(id))
@@ -247,9 +258,21 @@ void FakeAgent::raiseHide(const QString& id)
         c->visible = false;
     events->Agent1_Hide(id, 0);
 }
-void FakeAgent::raiseIdleStart(const QString& id) { events->Agent1_IdleStart(id); }
-void FakeAgent::raiseCommand(const QString& name) { events->Agent1_Command({name}); }
-void FakeAgent::raiseShutdown() { events->Agent1_Shutdown(); }
-void FakeAgent::raiseError(const platform::RuntimeError& error) { events->Agent1_Error(error); }
+void FakeAgent::raiseIdleStart(const QString& id)
+{
+    events->Agent1_IdleStart(id);
+}
+void FakeAgent::raiseCommand(const QString& name)
+{
+    events->Agent1_Command({name});
+}
+void FakeAgent::raiseShutdown()
+{
+    events->Agent1_Shutdown();
+}
+void FakeAgent::raiseError(const platform::RuntimeError& error)
+{
+    events->Agent1_Error(error);
+}
 
 } // namespace fakes

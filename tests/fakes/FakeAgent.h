@@ -4,7 +4,6 @@
 #include "platform/RuntimeError.h"
 
 #include <QStringList>
-
 #include <map>
 #include <memory>
 #include <optional>
@@ -13,9 +12,11 @@
 
 // A character control for tests: records every call in order as text, lets a test set each
 // request's Status and each property, fail chosen calls, and raise each event.
-namespace fakes {
+namespace fakes
+{
 
-class FakeRequest : public platform::AgentRequest {
+class FakeRequest : public platform::AgentRequest
+{
 public:
     explicit FakeRequest(QString call, int status) : call(std::move(call)), status(status) {}
     int Status() const override { return status; }
@@ -23,7 +24,8 @@ public:
     int status;
 };
 
-class FakeCommand : public platform::AgentCommand {
+class FakeCommand : public platform::AgentCommand
+{
 public:
     FakeCommand(QStringList& log, QString name, QString caption, QString voice, bool enabled,
                 bool visible);
@@ -45,7 +47,8 @@ private:
 
 class FakeAgent;
 
-class FakeCommands : public platform::AgentCommands {
+class FakeCommands : public platform::AgentCommands
+{
 public:
     explicit FakeCommands(FakeAgent& agent) : agent_(agent) {}
     QString Caption() const override { return caption_; }
@@ -68,7 +71,8 @@ private:
     std::vector<std::unique_ptr<FakeCommand>> entries_;
 };
 
-class FakeBalloon : public platform::AgentBalloon {
+class FakeBalloon : public platform::AgentBalloon
+{
 public:
     explicit FakeBalloon(QStringList& log) : log_(log) {}
     bool Visible() const override { return visible; }
@@ -79,7 +83,8 @@ private:
     QStringList& log_;
 };
 
-class FakeCharacter : public platform::AgentCharacter {
+class FakeCharacter : public platform::AgentCharacter
+{
 public:
     explicit FakeCharacter(FakeAgent& agent, QString file);
 
@@ -122,7 +127,8 @@ private:
     FakeAgent& agent_;
 };
 
-class FakeCharacters : public platform::AgentCharacters {
+class FakeCharacters : public platform::AgentCharacters
+{
 public:
     explicit FakeCharacters(FakeAgent& agent) : agent_(agent) {}
     void Load(const QString& id, const QString& file) override;
@@ -135,7 +141,8 @@ private:
     FakeAgent& agent_;
 };
 
-class FakeAgent : public platform::Agent {
+class FakeAgent : public platform::Agent
+{
 public:
     FakeAgent();
 

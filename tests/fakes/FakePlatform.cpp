@@ -4,7 +4,8 @@
 
 #include <QDialog>
 
-namespace fakes {
+namespace fakes
+{
 
 FakeStore::Value* FakeStore::find(Key& key, const QString& name)
 {

@@ -5,21 +5,23 @@
 
 #include <QDateTime>
 #include <QStringList>
-
 #include <deque>
 #include <functional>
 #include <map>
 #include <vector>
 
 // Test doubles for every platform interface, bundled as one Platform.
-namespace fakes {
+namespace fakes
+{
 
 // Thrown by FakeProcess::End, so that a test sees the end of the program and the code after
 // it does not run. Not a std::exception: no handler of the program catches it.
-struct ProgramEnded {};
+struct ProgramEnded {
+};
 
 // The store in memory. Keys are paths; value names are matched without regard to case.
-class FakeStore : public platform::RegistryStore {
+class FakeStore : public platform::RegistryStore
+{
 public:
     long RegOpenKeyA(std::uint32_t hive, const QString& path, Handle& key) override;
     long RegCreateKeyA(std::uint32_t hive, const QString& path, Handle& key) override;
@@ -58,7 +60,8 @@ struct Box {
     QString text;
 };
 
-class FakeDialogs : public platform::Dialogs {
+class FakeDialogs : public platform::Dialogs
+{
 public:
     platform::BoxAnswer MsgBox(platform::BoxIcon icon, platform::BoxButtons buttons,
                                const QString& title, const QString& text) override;
@@ -76,14 +79,16 @@ public:
     std::function<void(const Box&)> onBox;
 };
 
-class FakeClock : public platform::Clock {
+class FakeClock : public platform::Clock
+{
 public:
     QDateTime Now() const override { return now; }
     QDateTime now = QDateTime(QDate(2026, 11, 22), QTime(14, 25));
 };
 
 // A 1024 x 768 pixel screen at 15 twips per pixel.
-class FakeScreen : public platform::Screen {
+class FakeScreen : public platform::Screen
+{
 public:
     int Width() const override { return widthPixels * 15; }
     int Height() const override { return heightPixels * 15; }
@@ -93,13 +98,15 @@ public:
     int heightPixels = 768;
 };
 
-class FakeClipboard : public platform::Clipboard {
+class FakeClipboard : public platform::Clipboard
+{
 public:
     QString Text() const override { return text; }
     QString text;
 };
 
-class FakeShell : public platform::Shell {
+class FakeShell : public platform::Shell
+{
 public:
     void OpenUrl(const QString& url) override { urls << url; }
     void StartCommandLine(const QString& commandLine) override;
@@ -109,7 +116,8 @@ public:
     std::map<QString, QString> failing;
 };
 
-class FakePower : public platform::Power {
+class FakePower : public platform::Power
+{
 public:
     void ExitWindowsEx(unsigned flags, unsigned reserved) override
     {
@@ -122,13 +130,15 @@ public:
     std::function<void()> onCall;
 };
 
-class FakeInstance : public platform::Instance {
+class FakeInstance : public platform::Instance
+{
 public:
     bool PreviousInstanceRunning() override { return previousRunning; }
     bool previousRunning = false;
 };
 
-class FakeProcess : public platform::Process {
+class FakeProcess : public platform::Process
+{
 public:
     [[noreturn]] void End() override
     {
@@ -138,7 +148,8 @@ public:
     int ends = 0;
 };
 
-class FakeTray : public platform::TrayIcon {
+class FakeTray : public platform::TrayIcon
+{
 public:
     void Create(const QIcon&, const QString& tip, std::function<void()> onDoubleClick) override
     {
@@ -154,7 +165,8 @@ public:
 
 // All the fakes, and the Platform made of them. createAgent makes a FakeAgent (kept in
 // `agent`) unless agentMissing is set, in which case it throws error 339.
-class FakePlatform {
+class FakePlatform
+{
 public:
     FakePlatform();
 

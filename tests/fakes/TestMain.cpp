@@ -2,7 +2,6 @@
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 // Every test process gets fresh XDG folders, so that no test reads or writes the user's
@@ -10,7 +9,8 @@
 int main(int argc, char** argv)
 {
     QTemporaryDir home;
-    for (const char* var : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME"}) {
+    for (const char* var :
+         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME"}) {
         const QString dir = home.path() + QLatin1Char('/') + QString::fromLatin1(var);
         QDir().mkpath(dir);
         QFile::setPermissions(dir, QFileDevice::ReadOwner | QFileDevice::WriteOwner |

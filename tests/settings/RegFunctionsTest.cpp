@@ -1,12 +1,14 @@
-#include "fakes/FakePlatform.h"
 #include "settings/RegFunctions.h"
+
+#include "fakes/FakePlatform.h"
 
 #include <gtest/gtest.h>
 
 using namespace RegFunctions;
 using platform::HKEY_CURRENT_USER;
 
-namespace {
+namespace
+{
 
 struct RegFunctionsTest : ::testing::Test {
     fakes::FakeStore store;
@@ -35,7 +37,8 @@ TEST_F(RegFunctionsTest, GetSettingStoresItsDefaultWhenMissingOrEmpty)
 TEST_F(RegFunctionsTest, OneBlankIsAValue)
 {
     store.setValue(QStringLiteral("GreetingText"), QStringLiteral(" "));
-    EXPECT_EQ(settings.Get(QStringLiteral("GreetingText"), QStringLiteral("hello")), QStringLiteral(" "));
+    EXPECT_EQ(settings.Get(QStringLiteral("GreetingText"), QStringLiteral("hello")),
+              QStringLiteral(" "));
     EXPECT_EQ(store.value(QStringLiteral("GreetingText")), QStringLiteral(" "));
 }
 
@@ -59,7 +62,8 @@ TEST_F(RegFunctionsTest, NamesMatchWithoutRegardToCase)
 
 TEST_F(RegFunctionsTest, BinaryValueReadsAsSixteenBitInteger)
 {
-    store.setRaw(QStringLiteral("Odd"), platform::RegistryStore::Binary, QByteArray("\xfe\xff\x07", 3));
+    store.setRaw(QStringLiteral("Odd"), platform::RegistryStore::Binary,
+                 QByteArray("\xfe\xff\x07", 3));
     const KeyValue value = settings.Read(QStringLiteral("Odd"));
     ASSERT_TRUE(std::holds_alternative<std::int16_t>(value));
     EXPECT_EQ(std::get<std::int16_t>(value), -2);
