@@ -6,7 +6,7 @@ set -euo pipefail
 
 build_packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev qt6-base-dev-tools qt6-multimedia-dev libqt6svg6-dev qt6-qpa-plugins
+    qt6-base-dev qt6-base-dev-tools qt6-multimedia-dev qt6-qpa-plugins
     libgl1-mesa-dev libxkbcommon-dev libx11-dev libxcb1-dev
     libespeak-ng-dev espeak-ng
     libpocketsphinx-dev libsphinxbase-dev pocketsphinx pocketsphinx-en-us
@@ -38,4 +38,4 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 export DEBIAN_FRONTEND=noninteractive
 apt-get update -q
-apt-get install -y -q --no-install-recommends "${missing[@]}"
+apt-get install -y -q "${missing[@]}"

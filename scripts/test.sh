@@ -4,6 +4,6 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${QUORL_BUILD_DIR:-$root/build}
 "$root/scripts/deps.sh" test
-"$root/scripts/build.sh"
+"$root/scripts/build.sh" -DQUORL_BUILD_TESTS=ON
 cd "$build"
 ctest --output-on-failure -j "$(nproc)"
