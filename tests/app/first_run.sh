@@ -38,7 +38,11 @@ focus "$dialog"
 xdotool type --delay 30 "lumo.acs"
 xdotool key Return
 wait_setting Character 20 || fail "Character was not stored"
-sleep 4
+# Each sentence reaches the speech engine when the character's queue comes to it.
+for _ in $(seq 1 60); do
+    grep -q 'speak.*Today is' "$work/log1" && break
+    sleep 0.5
+done
 
 grep -q "^Character=$XDG_DATA_HOME/Kestrane/Quorl/lumo.acs$" "$settings" ||
     fail "Character is not the full path of the bundled character"
@@ -70,8 +74,11 @@ kill "$pid"; wait "$pid" 2>/dev/null || true
 sed -i -e 's/^X=.*/X=100/' -e 's/^Y=.*/Y=600/' "$settings"
 "$quorl" >"$work/log2" 2>&1 &
 pid=$!
-sleep 8
-if wait_window "Please select a character" 1 >/dev/null; then fail "first-run box on the second start"; fi
+for _ in $(seq 1 30); do
+    [ "$(coverage 100 600 128)" != "0" ] && break
+    sleep 1
+done
 [ "$(coverage 100 600 128)" != "0" ] || fail "the character is not where it was saved"
+if wait_window "Please select a character" 1 >/dev/null; then fail "first-run box on the second start"; fi
 [ "$(coverage 0 0 100)" = "0" ] || fail "the character is still at the top left corner"
 echo "first run and second start passed"
