@@ -45,7 +45,6 @@ constexpr std::int32_t SpeechInputError = hresult(0x80042502);
 constexpr std::int32_t ObjectError = 50003;
 constexpr std::int32_t FileNotFound = 53;
 constexpr std::int32_t InvalidProcedureCall = 5;
-constexpr std::int32_t PathNotFound = 76;
 constexpr std::int32_t BadFileFormat = hresult(0x80045003);
 } // namespace errors
 
