@@ -1,17 +1,12 @@
 #pragma once
 
-#include "core/App.h"
-#include "core/frmMain.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/LoadedProgram.h"
 
 #include <QString>
-#include <memory>
 
 // The main window with its character control and the character "G" loaded, and voice tags
 // set, without running Main.
-struct CharacterFixture {
-    fakes::FakePlatform fp;
-    App app{fp.platform};
+struct CharacterFixture : fakes::LoadedProgram {
 
     // What SayText puts before every text with the whisper box clear.
     inline static const QString Tags =
@@ -19,18 +14,9 @@ struct CharacterFixture {
 
     CharacterFixture()
     {
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-        app.Agent1->setEventSink(app.MainForm.get());
-        fp.agent->characters.Load(CharacterId, QStringLiteral("x.acs"));
-        app.Character = &fp.agent->characters.Character(CharacterId);
         character().visible = true;
         app.PitchTag = QStringLiteral("\\pit=110\\");
         app.SpeedTag = QStringLiteral("\\spd=150\\");
         app.VolumeTag = QStringLiteral("\\vol=900\\");
-        fp.agent->calls.clear();
     }
-
-    fakes::FakeCharacter& character() { return *fp.agent->character(); }
-    frmMain& form() { return *app.MainForm; }
 };

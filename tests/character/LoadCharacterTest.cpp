@@ -1,8 +1,6 @@
 #include "character/LoadCharacter.h"
 
-#include "core/App.h"
-#include "core/frmMain.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/LoadedProgram.h"
 
 #include <QPushButton>
 #include <QSlider>
@@ -21,16 +19,11 @@ const QString CharacterErrorText =
     QStringLiteral("Cannot load the specified character. Please check the path and make sure the "
                    "file you selected is an ACS file.");
 
-struct LoadCharacterTest : ::testing::Test {
-    fakes::FakePlatform fp;
-    App app{fp.platform};
+struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
 
     LoadCharacterTest()
     {
         app.AppPath = QStringLiteral("/data/quorl");
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-        app.Agent1->setEventSink(app.MainForm.get());
         fp.agent->badFiles = {Bad, Worse};
     }
 
@@ -56,15 +49,6 @@ struct LoadCharacterTest : ::testing::Test {
             }
         return count;
     }
-
-    QStringList callsStartingWith(const QString& prefix) const
-    {
-        QStringList found;
-        for (const QString& call : fp.agent->calls)
-            if (call.startsWith(prefix))
-                found << call;
-        return found;
-    }
 };
 
 TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
@@ -75,7 +59,7 @@ TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
     const QStringList expectedStart{QStringLiteral("Load(G,") + Good + QLatin1Char(')'),
                                     QStringLiteral("MoveTo(0,0)")};
     EXPECT_EQ(fp.agent->calls.mid(0, 2), expectedStart);
-    EXPECT_FALSE(callsStartingWith(QStringLiteral("Commands.Add(")).isEmpty());
+    EXPECT_FALSE(fp.agent->callsStartingWith(QStringLiteral("Commands.Add(")).isEmpty());
     const QStringList expectedEnd{QStringLiteral("SoundEffectsOn=1"), QStringLiteral("IdleOn=1"),
                                   QStringLiteral("Show(0)")};
     EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3), expectedEnd);
@@ -190,7 +174,7 @@ TEST_F(LoadCharacterTest, BadFileAtStartUpAsksUntilAFileLoads)
     EXPECT_EQ(request.filter, QStringLiteral("Agent Character (*.acs) |*.acs"));
     EXPECT_EQ(request.title, QStringLiteral("Open Character.."));
     EXPECT_EQ(request.initialDir, QStringLiteral("/data/quorl"));
-    EXPECT_EQ(callsStartingWith(QStringLiteral("Load(")),
+    EXPECT_EQ(fp.agent->callsStartingWith(QStringLiteral("Load(")),
               (QStringList{QStringLiteral("Load(G,") + Bad + QLatin1Char(')'),
                            QStringLiteral("Load(G,") + Worse + QLatin1Char(')'),
                            QStringLiteral("Load(G,") + Good + QLatin1Char(')')}));
@@ -253,8 +237,8 @@ TEST_F(LoadCharacterTest, ReloadOfTheSameCharacterNeitherHidesNorMoves)
     fp.agent->calls.clear();
     EXPECT_FALSE(load(false, Good, true));
     for (const char* call : {"Hide", "Unload", "Load", "MoveTo"})
-        EXPECT_TRUE(callsStartingWith(QLatin1String(call)).isEmpty()) << call;
-    EXPECT_FALSE(callsStartingWith(QStringLiteral("Commands.Add(")).isEmpty());
+        EXPECT_TRUE(fp.agent->callsStartingWith(QLatin1String(call)).isEmpty()) << call;
+    EXPECT_FALSE(fp.agent->callsStartingWith(QStringLiteral("Commands.Add(")).isEmpty());
     EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
               (QStringList{QStringLiteral("SoundEffectsOn=1"), QStringLiteral("IdleOn=1"),
                            QStringLiteral("Show(0)")}));
@@ -271,7 +255,7 @@ TEST_F(LoadCharacterTest, CharacterInUseWarnsAndLoadingGoesOn)
     EXPECT_EQ(fp.dialogs.boxes[0].text,
               QStringLiteral("This Character is in use by another application. If you get any "
                              "errors, please close the other application."));
-    EXPECT_EQ(callsStartingWith(QStringLiteral("MoveTo")).size(), 1);
+    EXPECT_EQ(fp.agent->callsStartingWith(QStringLiteral("MoveTo")).size(), 1);
     EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Good);
 }
 

@@ -130,7 +130,7 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
     EXPECT_TRUE(lastSpoken().contains("Are you sure you want to restart?"));
     // A second Form_Load would have seen the main window hidden.
     EXPECT_TRUE(app.ShutForm->WasVisible);
-    EXPECT_EQ(callsStartingWith("Commands.Visible=0").size(), 1);
+    EXPECT_EQ(fp.agent->callsStartingWith("Commands.Visible=0").size(), 1);
 
     fp.power.onCall = [&] { EXPECT_EQ(fp.process.ends, 0); };
     EXPECT_THROW(command("Yes"), ProgramEnded);
@@ -283,8 +283,8 @@ TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSix)
 
 TEST_F(CommandDispatchTest, AMicrophoneHeldByAnotherProgramShowsTheSoundSystemBox)
 {
-    fp.agent->raiseError(platform::RuntimeError(platform::errors::SoundSystemBusy,
-                                                platform::AgentSource, "in use"));
+    fp.agent->raiseError(
+        platform::RuntimeError(platform::errors::SoundSystemBusy, platform::AgentSource, "in use"));
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Speech Input Error"));
     EXPECT_EQ(fp.process.ends, 0);

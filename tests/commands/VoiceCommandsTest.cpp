@@ -147,7 +147,7 @@ TEST_F(VoiceCommandsTest, EnableVoiceCommReportsAFailureAndLeavesTheEntry)
 
     EnableVoiceComm(app, "Time", "EnTime");
 
-    EXPECT_TRUE(callsStartingWith("Command(Time)").isEmpty());
+    EXPECT_TRUE(fp.agent->callsStartingWith("Command(Time)").isEmpty());
     ASSERT_EQ(errorBoxes().size(), 1);
     EXPECT_TRUE(errorBoxes()[0].contains("( 15 )"));
 }

@@ -1,6 +1,4 @@
-#include "core/App.h"
-#include "core/frmMain.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/LoadedProgram.h"
 #include "info/frmSplash.h"
 
 #include <QAction>
@@ -12,14 +10,7 @@
 namespace
 {
 
-struct MainMenusTest : ::testing::Test {
-    fakes::FakePlatform fp;
-    App app{fp.platform};
-    MainMenusTest()
-    {
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-    }
+struct MainMenusTest : ::testing::Test, fakes::ProgramWindow {
 };
 
 TEST_F(MainMenusTest, WebPagesAndThePropertySheet)

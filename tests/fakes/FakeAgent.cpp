@@ -224,6 +224,15 @@ QStringList FakeAgent::spoken() const
     return texts;
 }
 
+QStringList FakeAgent::callsStartingWith(const QString& prefix) const
+{
+    QStringList found;
+    for (const QString& call : calls)
+        if (call.startsWith(prefix))
+            found << call;
+    return found;
+}
+
 void FakeAgent::failCalls(const QString& prefix, const platform::RuntimeError& error)
 {
     failing_.emplace_back(prefix, error);

@@ -159,6 +159,8 @@ public:
     QStringList calls;
     // The texts given to Speak, in order.
     QStringList spoken() const;
+    // The calls that start with prefix, in order.
+    QStringList callsStartingWith(const QString& prefix) const;
 
     // Makes every later call whose text starts with prefix throw this error.
     void failCalls(const QString& prefix, const platform::RuntimeError& error);

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "core/App.h"
-#include "core/frmMain.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/LoadedProgram.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,20 +9,12 @@
 
 // The main window with a visible character "G" and no animation, and text files in a
 // temporary folder.
-struct ReadingFixture {
+struct ReadingFixture : fakes::LoadedProgram {
     ReadingFixture()
     {
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-        app.Agent1->setEventSink(app.MainForm.get());
-        fp.agent->characters.Load(QStringLiteral("G"), QStringLiteral("x.acs"));
-        app.Character = &fp.agent->characters.Character(QStringLiteral("G"));
-        fp.agent->character()->visible = true;
+        character().visible = true;
         app.AnimateRead = QStringLiteral("0");
-        fp.agent->calls.clear();
     }
-
-    frmMain& form() { return *app.MainForm; }
 
     QString writeFile(const QByteArray& bytes, const QString& name = QStringLiteral("text.txt"))
     {
@@ -62,7 +52,5 @@ struct ReadingFixture {
         return ticks;
     }
 
-    fakes::FakePlatform fp;
-    App app{fp.platform};
     QTemporaryDir dir;
 };

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "core/App.h"
+#include "core/frmMain.h"
+#include "fakes/FakePlatform.h"
+
+#include <memory>
+
+namespace fakes
+{
+
+// The main window with its character control, without running Main.
+struct ProgramWindow {
+    ProgramWindow()
+    {
+        app.Agent1 = fp.platform.createAgent();
+        app.MainForm = std::make_unique<frmMain>(app);
+        app.Agent1->setEventSink(app.MainForm.get());
+    }
+
+    frmMain& form() { return *app.MainForm; }
+
+    FakePlatform fp;
+    App app{fp.platform};
+};
+
+// The same with the character "G" loaded, as after start-up; the calls of loading are cleared.
+struct LoadedProgram : ProgramWindow {
+    LoadedProgram()
+    {
+        fp.agent->characters.Load(CharacterId, QStringLiteral("x.acs"));
+        app.Character = &fp.agent->characters.Character(CharacterId);
+        fp.agent->calls.clear();
+    }
+
+    FakeCharacter& character() { return *fp.agent->character(); }
+};
+
+} // namespace fakes
