@@ -7,7 +7,7 @@
 namespace agent::acs
 {
 
-ByteReader::ByteReader(QByteArrayView data, qsizetype origin) : m_data(data), m_origin(origin) {}
+ByteReader::ByteReader(QByteArrayView data, qsizetype origin) : data_(data), origin_(origin) {}
 
 ByteReader ByteReader::at(QByteArrayView file, Locator locator)
 {
@@ -25,10 +25,10 @@ const char* ByteReader::take(qsizetype count)
     if (count < 0 || count > remaining())
         failFormat(QStringLiteral("needs %1 bytes at offset %2, only %3 left")
                        .arg(count)
-                       .arg(m_origin + m_position)
+                       .arg(origin_ + position_)
                        .arg(remaining()));
-    const char* start = m_data.data() + m_position;
-    m_position += count;
+    const char* start = data_.data() + position_;
+    position_ += count;
     return start;
 }
 
@@ -124,7 +124,7 @@ void ByteReader::checkCount(std::uint64_t count, qsizetype minItemBytes, const c
                        .arg(count)
                        .arg(QLatin1String(what))
                        .arg(remaining())
-                       .arg(m_origin + m_position));
+                       .arg(origin_ + position_));
 }
 
 } // namespace agent::acs

@@ -45,14 +45,14 @@ public:
     // so a hostile count never drives a large allocation.
     void checkCount(std::uint64_t count, qsizetype minItemBytes, const char* what) const;
 
-    qsizetype remaining() const { return m_data.size() - m_position; }
+    qsizetype remaining() const { return data_.size() - position_; }
 
 private:
     const char* take(qsizetype count);
 
-    QByteArrayView m_data;
-    qsizetype m_origin = 0;
-    qsizetype m_position = 0;
+    QByteArrayView data_;
+    qsizetype origin_ = 0;
+    qsizetype position_ = 0;
 };
 
 } // namespace agent::acs

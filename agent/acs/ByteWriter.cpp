@@ -9,7 +9,7 @@ namespace agent::acs
 
 void ByteWriter::u8(std::uint8_t value)
 {
-    m_data.append(char(value));
+    data_.append(char(value));
 }
 
 void ByteWriter::u16(std::uint16_t value)
@@ -32,7 +32,7 @@ void ByteWriter::locator(Locator value)
 
 void ByteWriter::guid(const Guid& value)
 {
-    m_data.append(reinterpret_cast<const char*>(value.bytes.data()), qsizetype(value.bytes.size()));
+    data_.append(reinterpret_cast<const char*>(value.bytes.data()), qsizetype(value.bytes.size()));
 }
 
 void ByteWriter::string(const QString& value)
@@ -47,7 +47,7 @@ void ByteWriter::string(const QString& value)
 
 void ByteWriter::bytes(QByteArrayView value)
 {
-    m_data.append(value);
+    data_.append(value);
 }
 
 void ByteWriter::dataBlock(QByteArrayView value)
@@ -59,16 +59,16 @@ void ByteWriter::dataBlock(QByteArrayView value)
 void ByteWriter::patchLocator(qsizetype at, Locator value)
 {
     for (int i = 0; i < 4; ++i) {
-        m_data[at + i] = char(value.offset >> (8 * i));
-        m_data[at + 4 + i] = char(value.size >> (8 * i));
+        data_[at + i] = char(value.offset >> (8 * i));
+        data_[at + 4 + i] = char(value.size >> (8 * i));
     }
 }
 
 std::uint32_t ByteWriter::position() const
 {
-    if (m_data.size() > qsizetype(std::numeric_limits<std::uint32_t>::max()))
+    if (data_.size() > qsizetype(std::numeric_limits<std::uint32_t>::max()))
         failFormat(QStringLiteral("character does not fit in a 4 GB file"));
-    return std::uint32_t(m_data.size());
+    return std::uint32_t(data_.size());
 }
 
 Locator ByteWriter::since(std::uint32_t start) const

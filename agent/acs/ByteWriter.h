@@ -29,10 +29,10 @@ public:
     std::uint32_t position() const;
     // The locator of everything written since `start`.
     Locator since(std::uint32_t start) const;
-    const QByteArray& data() const { return m_data; }
+    const QByteArray& data() const { return data_; }
 
 private:
-    QByteArray m_data;
+    QByteArray data_;
 };
 
 } // namespace agent::acs

@@ -21,13 +21,13 @@ constexpr int MaxChainSteps = 32;
 class BitSink
 {
 public:
-    BitSink() { m_bytes.append('\0'); }
+    BitSink() { bytes_.append('\0'); }
 
     void write(std::uint32_t value, int width)
     {
         for (int i = 0; i < width; ++i) {
-            m_current |= std::uint8_t(((value >> i) & 1u) << m_used);
-            if (++m_used == 8)
+            current_ |= std::uint8_t(((value >> i) & 1u) << used_);
+            if (++used_ == 8)
                 flushByte();
         }
     }
@@ -37,23 +37,23 @@ public:
         write(1, 1);
         write(0b111, 3);
         write(0xFFFFF, 20);
-        if (m_used > 0)
+        if (used_ > 0)
             flushByte();
-        m_bytes.append(6, char(0xFF));
-        return m_bytes;
+        bytes_.append(6, char(0xFF));
+        return bytes_;
     }
 
 private:
     void flushByte()
     {
-        m_bytes.append(char(m_current));
-        m_current = 0;
-        m_used = 0;
+        bytes_.append(char(current_));
+        current_ = 0;
+        used_ = 0;
     }
 
-    QByteArray m_bytes;
-    std::uint8_t m_current = 0;
-    int m_used = 0;
+    QByteArray bytes_;
+    std::uint8_t current_ = 0;
+    int used_ = 0;
 };
 
 int offsetClass(qsizetype distance)

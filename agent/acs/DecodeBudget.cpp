@@ -15,17 +15,17 @@ constexpr qsizetype PerFileByte = 64;
 } // namespace
 
 DecodeBudget::DecodeBudget(qsizetype fileSize)
-    : m_left(FixedAllowance + PerFileByte * fileSize), m_limit(m_left)
+    : left_(FixedAllowance + PerFileByte * fileSize), limit_(left_)
 {
 }
 
 void DecodeBudget::charge(qsizetype bytes)
 {
-    if (bytes > m_left)
+    if (bytes > left_)
         failFormat(QStringLiteral("decoded data would exceed %1 bytes, far more than the file "
                                   "could hold")
-                       .arg(m_limit));
-    m_left -= bytes;
+                       .arg(limit_));
+    left_ -= bytes;
 }
 
 } // namespace agent::acs

@@ -17,8 +17,8 @@ public:
     void charge(qsizetype bytes);
 
 private:
-    qsizetype m_left;
-    qsizetype m_limit;
+    qsizetype left_;
+    qsizetype limit_;
 };
 
 } // namespace agent::acs

@@ -18,32 +18,32 @@ class BitStream
 {
 public:
     explicit BitStream(QByteArrayView bytes)
-        : m_next(reinterpret_cast<const std::uint8_t*>(bytes.data())), m_end(m_next + bytes.size())
+        : next_(reinterpret_cast<const std::uint8_t*>(bytes.data())), end_(next_ + bytes.size())
     {
     }
 
     // Returns false when the stream holds fewer than `width` bits.
     bool read(int width, std::uint32_t& value)
     {
-        if (m_count < width) {
-            while (m_count <= 56 && m_next != m_end) {
-                m_buffer |= std::uint64_t(*m_next++) << m_count;
-                m_count += 8;
+        if (count_ < width) {
+            while (count_ <= 56 && next_ != end_) {
+                buffer_ |= std::uint64_t(*next_++) << count_;
+                count_ += 8;
             }
-            if (m_count < width)
+            if (count_ < width)
                 return false;
         }
-        value = std::uint32_t(m_buffer & ((std::uint64_t(1) << width) - 1));
-        m_buffer >>= width;
-        m_count -= width;
+        value = std::uint32_t(buffer_ & ((std::uint64_t(1) << width) - 1));
+        buffer_ >>= width;
+        count_ -= width;
         return true;
     }
 
 private:
-    const std::uint8_t* m_next;
-    const std::uint8_t* m_end;
-    std::uint64_t m_buffer = 0;
-    int m_count = 0;
+    const std::uint8_t* next_;
+    const std::uint8_t* end_;
+    std::uint64_t buffer_ = 0;
+    int count_ = 0;
 };
 
 } // namespace

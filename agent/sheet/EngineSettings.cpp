@@ -14,7 +14,7 @@ const QString SoundEffectsKey = QStringLiteral("Output/SoundEffects");
 
 } // namespace
 
-EngineSettings::EngineSettings() : m_file(filePath(), QSettings::IniFormat) {}
+EngineSettings::EngineSettings() : file_(filePath(), QSettings::IniFormat) {}
 
 QString EngineSettings::filePath()
 {
@@ -24,7 +24,7 @@ QString EngineSettings::filePath()
 
 bool EngineSettings::speechOutputEnabled() const
 {
-    return m_file.value(SpeechOutputKey, true).toBool();
+    return file_.value(SpeechOutputKey, true).toBool();
 }
 
 void EngineSettings::setSpeechOutputEnabled(bool on)
@@ -34,7 +34,7 @@ void EngineSettings::setSpeechOutputEnabled(bool on)
 
 bool EngineSettings::balloonEnabled() const
 {
-    return m_file.value(BalloonKey, true).toBool();
+    return file_.value(BalloonKey, true).toBool();
 }
 
 void EngineSettings::setBalloonEnabled(bool on)
@@ -44,7 +44,7 @@ void EngineSettings::setBalloonEnabled(bool on)
 
 bool EngineSettings::soundEffectsEnabled() const
 {
-    return m_file.value(SoundEffectsKey, true).toBool();
+    return file_.value(SoundEffectsKey, true).toBool();
 }
 
 void EngineSettings::setSoundEffectsEnabled(bool on)
@@ -54,13 +54,13 @@ void EngineSettings::setSoundEffectsEnabled(bool on)
 
 QVariant EngineSettings::value(const QString& key, const QVariant& fallback) const
 {
-    return m_file.value(key, fallback);
+    return file_.value(key, fallback);
 }
 
 void EngineSettings::setValue(const QString& key, const QVariant& value)
 {
-    m_file.setValue(key, value);
-    m_file.sync();
+    file_.setValue(key, value);
+    file_.sync();
 }
 
 } // namespace agent

@@ -29,7 +29,7 @@ public:
     void setValue(const QString& key, const QVariant& value);
 
 private:
-    QSettings m_file;
+    QSettings file_;
 };
 
 } // namespace agent

@@ -32,11 +32,11 @@ OutputPage::OutputPage(QWidget* parent) : QWidget(parent)
 {
     const EngineSettings settings;
     auto* layout = new QVBoxLayout(this);
-    m_speechOutput = addSwitch(layout, tr("&Speak aloud"), settings.speechOutputEnabled(),
+    speechOutput_ = addSwitch(layout, tr("&Speak aloud"), settings.speechOutputEnabled(),
                                &EngineSettings::setSpeechOutputEnabled, this);
-    m_balloon = addSwitch(layout, tr("Show the word &balloon"), settings.balloonEnabled(),
+    balloon_ = addSwitch(layout, tr("Show the word &balloon"), settings.balloonEnabled(),
                           &EngineSettings::setBalloonEnabled, this);
-    m_soundEffects = addSwitch(layout, tr("Play sound &effects"), settings.soundEffectsEnabled(),
+    soundEffects_ = addSwitch(layout, tr("Play sound &effects"), settings.soundEffectsEnabled(),
                                &EngineSettings::setSoundEffectsEnabled, this);
 
     auto* help = new QLabel(

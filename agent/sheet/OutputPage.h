@@ -15,17 +15,17 @@ class OutputPage : public QWidget
 public:
     explicit OutputPage(QWidget* parent = nullptr);
 
-    QCheckBox* speechOutputBox() const { return m_speechOutput; }
-    QCheckBox* balloonBox() const { return m_balloon; }
-    QCheckBox* soundEffectsBox() const { return m_soundEffects; }
+    QCheckBox* speechOutputBox() const { return speechOutput_; }
+    QCheckBox* balloonBox() const { return balloon_; }
+    QCheckBox* soundEffectsBox() const { return soundEffects_; }
 
 signals:
     void changed();
 
 private:
-    QCheckBox* m_speechOutput;
-    QCheckBox* m_balloon;
-    QCheckBox* m_soundEffects;
+    QCheckBox* speechOutput_;
+    QCheckBox* balloon_;
+    QCheckBox* soundEffects_;
 };
 
 } // namespace agent

@@ -18,27 +18,27 @@ const QString SpeechName = QStringLiteral("Speech");
 } // namespace
 
 PropertySheet::PropertySheet(QWidget* parent)
-    : QDialog(parent), m_tabs(new QTabWidget(this)), m_output(new OutputPage(this)),
-      m_speech(new QWidget(this))
+    : QDialog(parent), tabs_(new QTabWidget(this)), output_(new OutputPage(this)),
+      speech_(new QWidget(this))
 {
     setWindowTitle(tr("Character Settings"));
-    m_tabs->addTab(m_output, OutputName);
-    m_tabs->addTab(m_speech, SpeechName);
-    connect(m_output, &OutputPage::changed, this, &PropertySheet::outputSettingsChanged);
+    tabs_->addTab(output_, OutputName);
+    tabs_->addTab(speech_, SpeechName);
+    connect(output_, &OutputPage::changed, this, &PropertySheet::outputSettingsChanged);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::hide);
 
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_tabs);
+    layout->addWidget(tabs_);
     layout->addWidget(buttons);
 }
 
 bool PropertySheet::setPage(const QString& name)
 {
-    for (int i = 0; i < m_tabs->count(); ++i) {
-        if (m_tabs->tabText(i).compare(name, Qt::CaseInsensitive) == 0) {
-            m_tabs->setCurrentIndex(i);
+    for (int i = 0; i < tabs_->count(); ++i) {
+        if (tabs_->tabText(i).compare(name, Qt::CaseInsensitive) == 0) {
+            tabs_->setCurrentIndex(i);
             return true;
         }
     }
@@ -47,19 +47,19 @@ bool PropertySheet::setPage(const QString& name)
 
 QString PropertySheet::page() const
 {
-    return m_tabs->tabText(m_tabs->currentIndex());
+    return tabs_->tabText(tabs_->currentIndex());
 }
 
 void PropertySheet::setSpeechPage(QWidget* controls)
 {
-    const int index = m_tabs->indexOf(m_speech);
-    const bool wasCurrent = m_tabs->currentIndex() == index;
-    m_tabs->removeTab(index);
-    m_speech->deleteLater();
-    m_speech = controls;
-    m_tabs->insertTab(index, m_speech, SpeechName);
+    const int index = tabs_->indexOf(speech_);
+    const bool wasCurrent = tabs_->currentIndex() == index;
+    tabs_->removeTab(index);
+    speech_->deleteLater();
+    speech_ = controls;
+    tabs_->insertTab(index, speech_, SpeechName);
     if (wasCurrent)
-        m_tabs->setCurrentIndex(index);
+        tabs_->setCurrentIndex(index);
 }
 
 } // namespace agent

@@ -23,16 +23,16 @@ public:
     // Hosts the speech input controls on the "Speech" page; the sheet takes ownership.
     void setSpeechPage(QWidget* controls);
 
-    OutputPage* outputPage() const { return m_output; }
+    OutputPage* outputPage() const { return output_; }
 
 signals:
     // A choice on the "Output" page changed and has been saved.
     void outputSettingsChanged();
 
 private:
-    QTabWidget* m_tabs;
-    OutputPage* m_output;
-    QWidget* m_speech;
+    QTabWidget* tabs_;
+    OutputPage* output_;
+    QWidget* speech_;
 };
 
 } // namespace agent

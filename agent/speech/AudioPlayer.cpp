@@ -30,11 +30,11 @@ void reportNoAudioOnce()
 
 AudioPlayer::AudioPlayer(QObject* parent) : QObject(parent)
 {
-    m_release.setSingleShot(true);
-    m_release.setInterval(QuietSpell);
-    connect(&m_release, &QTimer::timeout, this, [this] {
+    release_.setSingleShot(true);
+    release_.setInterval(QuietSpell);
+    connect(&release_, &QTimer::timeout, this, [this] {
         joinThread();
-        m_server.reset();
+        server_.reset();
     });
 }
 
@@ -46,45 +46,45 @@ AudioPlayer::~AudioPlayer()
 void AudioPlayer::play(std::shared_ptr<const SynthesizedSpeech> speech, bool audible)
 {
     stop();
-    m_release.stop();
-    m_stopRequested = false;
-    m_played = 0;
-    m_thread = std::thread(&AudioPlayer::run, this, std::move(speech), audible, ++m_generation);
+    release_.stop();
+    stopRequested_ = false;
+    played_ = 0;
+    thread_ = std::thread(&AudioPlayer::run, this, std::move(speech), audible, ++generation_);
 }
 
 void AudioPlayer::stop()
 {
-    m_stopRequested = true;
+    stopRequested_ = true;
     joinThread();
-    ++m_generation;
-    m_release.start();
+    ++generation_;
+    release_.start();
 }
 
 void AudioPlayer::joinThread()
 {
-    if (m_thread.joinable())
-        m_thread.join();
+    if (thread_.joinable())
+        thread_.join();
 }
 
 void AudioPlayer::run(std::shared_ptr<const SynthesizedSpeech> speech, bool audible,
                       quint64 generation)
 {
-    if (audible && !m_server) {
-        m_server = PulseSink::connect();
-        if (!m_server)
+    if (audible && !server_) {
+        server_ = PulseSink::connect();
+        if (!server_)
             reportNoAudioOnce();
     }
     PacedSink paced;
-    PlaybackSink* sink = audible && m_server ? static_cast<PlaybackSink*>(m_server.get()) : &paced;
+    PlaybackSink* sink = audible && server_ ? static_cast<PlaybackSink*>(server_.get()) : &paced;
 
     const std::vector<qint16>& samples = speech->samples;
     const qint64 total = qint64(samples.size());
     qint64 written = 0;
-    while (written < total && !m_stopRequested) {
+    while (written < total && !stopRequested_) {
         const qsizetype count = std::min<qint64>(ChunkSamples, total - written);
         if (!sink->write(samples.data() + written, count)) {
             // The sound server went away: finish this utterance silently, reconnect next time.
-            m_server.reset();
+            server_.reset();
             sink = &paced;
             reportNoAudioOnce();
             continue;
@@ -92,7 +92,7 @@ void AudioPlayer::run(std::shared_ptr<const SynthesizedSpeech> speech, bool audi
         if (written == 0)
             emit firstSamplesHandedOver();
         written += count;
-        m_played = std::max<qint64>(0, written - sink->pendingSamples());
+        played_ = std::max<qint64>(0, written - sink->pendingSamples());
     }
     // A server may keep reporting some latency once its buffer ran dry; wait no longer than
     // the pending audio lasts, plus a margin.
@@ -100,24 +100,24 @@ void AudioPlayer::run(std::shared_ptr<const SynthesizedSpeech> speech, bool audi
         std::chrono::steady_clock::now() +
         std::chrono::milliseconds(sink->pendingSamples() * 1000 / SynthesizedSpeech::SampleRate) +
         DrainMargin;
-    while (!m_stopRequested && std::chrono::steady_clock::now() < deadline) {
+    while (!stopRequested_ && std::chrono::steady_clock::now() < deadline) {
         const qint64 pending = sink->pendingSamples();
-        m_played = written - pending;
+        played_ = written - pending;
         if (pending <= 0)
             break;
         std::this_thread::sleep_for(PollInterval);
     }
-    m_played = written;
-    if (m_stopRequested) {
+    played_ = written;
+    if (stopRequested_) {
         sink->discardPending();
         return;
     }
     QMetaObject::invokeMethod(
         this,
         [this, generation] {
-            if (generation != m_generation)
+            if (generation != generation_)
                 return;
-            m_release.start();
+            release_.start();
             emit finished();
         },
         Qt::QueuedConnection);

@@ -25,7 +25,7 @@ public:
     void play(std::shared_ptr<const SynthesizedSpeech> speech, bool audible = true);
     void stop();
     // How far the listener has heard, in samples of the current utterance.
-    qint64 playedSamples() const { return m_played.load(); }
+    qint64 playedSamples() const { return played_.load(); }
 
 signals:
     // Emitted on the player's thread, as the first samples go to the output.
@@ -37,15 +37,15 @@ private:
     void run(std::shared_ptr<const SynthesizedSpeech> speech, bool audible, quint64 generation);
     void joinThread();
 
-    std::thread m_thread;
-    std::atomic<bool> m_stopRequested{false};
-    std::atomic<qint64> m_played{0};
-    quint64 m_generation = 0;
+    std::thread thread_;
+    std::atomic<bool> stopRequested_{false};
+    std::atomic<qint64> played_{0};
+    quint64 generation_ = 0;
     // Touched by the player's thread while it runs, otherwise by the GUI thread. Kept between
     // utterances, so that speech starts at once, and given up after a quiet spell, so that
     // the sound server does not list a stream that never plays.
-    std::unique_ptr<PulseSink> m_server;
-    QTimer m_release;
+    std::unique_ptr<PulseSink> server_;
+    QTimer release_;
 };
 
 } // namespace agent::speech

@@ -6,33 +6,33 @@ namespace agent::speech
 {
 
 BalloonProgress::BalloonProgress(const SpeechPlan& plan, SampleTimeline<qsizetype>& marks)
-    : m_plan(plan), m_marks(marks)
+    : plan_(plan), marks_(marks)
 {
 }
 
 void BalloonProgress::startRun(const SpeechRun& run, qint64 runStart)
 {
-    m_run = &run;
-    m_runStart = runStart;
-    m_codePointStarts.clear();
+    run_ = &run;
+    runStart_ = runStart;
+    codePointStarts_.clear();
     for (qsizetype i = 0; i < run.spoken.size(); ++i) {
         if (!run.spoken[i].isLowSurrogate())
-            m_codePointStarts.push_back(i);
+            codePointStarts_.push_back(i);
     }
-    m_codePointStarts.push_back(run.spoken.size());
+    codePointStarts_.push_back(run.spoken.size());
 }
 
 void BalloonProgress::word(int position, int length, qint64 sample)
 {
-    if (!m_run || length <= 0)
+    if (!run_ || length <= 0)
         return;
-    const qsizetype last = qsizetype(m_codePointStarts.size()) - 1;
+    const qsizetype last = qsizetype(codePointStarts_.size()) - 1;
     const qsizetype first = std::clamp<qsizetype>(position - 1, 0, last);
     const qsizetype end = std::clamp<qsizetype>(first + length, 0, last);
-    const qsizetype start = m_codePointStarts[first];
-    m_shown =
-        std::max(m_shown, m_plan.shownEndAfterWord(*m_run, start, m_codePointStarts[end] - start));
-    m_marks.add(m_runStart + sample, m_shown);
+    const qsizetype start = codePointStarts_[first];
+    shown_ =
+        std::max(shown_, plan_.shownEndAfterWord(*run_, start, codePointStarts_[end] - start));
+    marks_.add(runStart_ + sample, shown_);
 }
 
 } // namespace agent::speech

@@ -22,13 +22,13 @@ public:
     void word(int position, int length, qint64 sample);
 
 private:
-    const SpeechPlan& m_plan;
-    SampleTimeline<qsizetype>& m_marks;
-    const SpeechRun* m_run = nullptr;
-    qint64 m_runStart = 0;
+    const SpeechPlan& plan_;
+    SampleTimeline<qsizetype>& marks_;
+    const SpeechRun* run_ = nullptr;
+    qint64 runStart_ = 0;
     // espeak-ng counts code points; QString counts UTF-16 units.
-    std::vector<qsizetype> m_codePointStarts;
-    qsizetype m_shown = 0;
+    std::vector<qsizetype> codePointStarts_;
+    qsizetype shown_ = 0;
 };
 
 } // namespace agent::speech

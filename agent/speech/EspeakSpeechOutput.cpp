@@ -22,11 +22,11 @@ constexpr int FemaleGender = 1;
 
 EspeakSpeechOutput::EspeakSpeechOutput(QObject* parent) : SpeechOutput(parent)
 {
-    m_follow.setInterval(FollowIntervalMs);
-    connect(&m_follow, &QTimer::timeout, this, &EspeakSpeechOutput::showPlayedPosition);
-    connect(&m_synthesizer, &EspeakSynthesizer::synthesized, this,
+    follow_.setInterval(FollowIntervalMs);
+    connect(&follow_, &QTimer::timeout, this, &EspeakSpeechOutput::showPlayedPosition);
+    connect(&synthesizer_, &EspeakSynthesizer::synthesized, this,
             &EspeakSpeechOutput::onSynthesized);
-    connect(&m_player, &AudioPlayer::finished, this, [this] {
+    connect(&player_, &AudioPlayer::finished, this, [this] {
         showPlayedPosition();
         finish(true);
     });
@@ -34,84 +34,84 @@ EspeakSpeechOutput::EspeakSpeechOutput(QObject* parent) : SpeechOutput(parent)
 
 EspeakSpeechOutput::~EspeakSpeechOutput()
 {
-    m_synthesizer.cancel(m_id);
-    m_player.stop();
+    synthesizer_.cancel(id_);
+    player_.stop();
 }
 
 bool EspeakSpeechOutput::available() const
 {
-    return m_synthesizer.loaded() && EngineSettings().speechOutputEnabled();
+    return synthesizer_.loaded() && EngineSettings().speechOutputEnabled();
 }
 
 void EspeakSpeechOutput::speak(const QString& taggedText, const VoiceDefaults& voice)
 {
     qCDebug(lcSpeech) << "speak" << taggedText;
     stop();
-    m_busy = true;
-    m_shownLength = -1;
-    const quint64 id = ++m_id;
-    if (!m_synthesizer.loaded()) {
+    busy_ = true;
+    shownLength_ = -1;
+    const quint64 id = ++id_;
+    if (!synthesizer_.loaded()) {
         QTimer::singleShot(0, this, [this, id] {
-            if (id == m_id && m_busy)
+            if (id == id_ && busy_)
                 finish(false);
         });
         return;
     }
     const VoiceParams start{false, voice.pitchHz, voice.speedWpm, 65535};
-    m_synthesizer.synthesize(id, planSpeech(parseSpeechTags(taggedText, start)),
+    synthesizer_.synthesize(id, planSpeech(parseSpeechTags(taggedText, start)),
                              voice.gender == FemaleGender);
 }
 
 void EspeakSpeechOutput::stop()
 {
-    if (!m_busy)
+    if (!busy_)
         return;
-    m_synthesizer.cancel(m_id);
-    m_player.stop();
+    synthesizer_.cancel(id_);
+    player_.stop();
     finish(false);
 }
 
 void EspeakSpeechOutput::onSynthesized(quint64 id, std::shared_ptr<const SynthesizedSpeech> speech)
 {
-    if (id != m_id || !m_busy)
+    if (id != id_ || !busy_)
         return;
     if (!speech->complete) {
         finish(false);
         return;
     }
-    m_speech = std::move(speech);
-    m_player.play(m_speech, available());
-    m_follow.start();
+    speech_ = std::move(speech);
+    player_.play(speech_, available());
+    follow_.start();
 }
 
 void EspeakSpeechOutput::showPlayedPosition()
 {
-    if (!m_speech)
+    if (!speech_)
         return;
-    const qint64 played = m_player.playedSamples();
-    const bool ended = played >= qint64(m_speech->samples.size());
+    const qint64 played = player_.playedSamples();
+    const bool ended = played >= qint64(speech_->samples.size());
     const qsizetype shown =
-        ended ? m_speech->shownText.size() : m_speech->shownLength.at(played, 0);
-    if (shown != m_shownLength) {
-        m_shownLength = shown;
-        emit balloonTextChanged(m_speech->shownText.left(shown));
+        ended ? speech_->shownText.size() : speech_->shownLength.at(played, 0);
+    if (shown != shownLength_) {
+        shownLength_ = shown;
+        emit balloonTextChanged(speech_->shownText.left(shown));
     }
     const acs::Mouth mouth =
-        ended ? acs::Mouth::Closed : m_speech->mouth.at(played, acs::Mouth::Closed);
-    if (mouth != m_mouth) {
-        m_mouth = mouth;
+        ended ? acs::Mouth::Closed : speech_->mouth.at(played, acs::Mouth::Closed);
+    if (mouth != mouth_) {
+        mouth_ = mouth;
         emit mouthChanged(mouth);
     }
 }
 
 void EspeakSpeechOutput::finish(bool ok)
 {
-    m_follow.stop();
-    m_busy = false;
-    m_speech.reset();
-    if (m_mouth != acs::Mouth::Closed) {
-        m_mouth = acs::Mouth::Closed;
-        emit mouthChanged(m_mouth);
+    follow_.stop();
+    busy_ = false;
+    speech_.reset();
+    if (mouth_ != acs::Mouth::Closed) {
+        mouth_ = acs::Mouth::Closed;
+        emit mouthChanged(mouth_);
     }
     emit finished(ok);
 }

@@ -26,22 +26,22 @@ public:
     void stop() override;
 
     // For the recogniser and the benchmark: the synthesiser and the player behind this output.
-    EspeakSynthesizer& synthesizer() { return m_synthesizer; }
-    AudioPlayer& player() { return m_player; }
+    EspeakSynthesizer& synthesizer() { return synthesizer_; }
+    AudioPlayer& player() { return player_; }
 
 private:
     void onSynthesized(quint64 id, std::shared_ptr<const SynthesizedSpeech> speech);
     void showPlayedPosition();
     void finish(bool ok);
 
-    EspeakSynthesizer m_synthesizer;
-    AudioPlayer m_player;
-    QTimer m_follow;
-    quint64 m_id = 0;
-    bool m_busy = false;
-    std::shared_ptr<const SynthesizedSpeech> m_speech;
-    qsizetype m_shownLength = -1;
-    acs::Mouth m_mouth = acs::Mouth::Closed;
+    EspeakSynthesizer synthesizer_;
+    AudioPlayer player_;
+    QTimer follow_;
+    quint64 id_ = 0;
+    bool busy_ = false;
+    std::shared_ptr<const SynthesizedSpeech> speech_;
+    qsizetype shownLength_ = -1;
+    acs::Mouth mouth_ = acs::Mouth::Closed;
 };
 
 } // namespace agent::speech

@@ -22,7 +22,7 @@ bool EspeakSynthesizer::loaded() const
 void EspeakSynthesizer::synthesize(quint64 id, const SpeechPlan& plan, bool femaleCharacter)
 {
     EspeakThread::instance().post(
-        [this, id, plan, femaleCharacter, cancelUpTo = m_cancelUpTo](EspeakWorker& worker) {
+        [this, id, plan, femaleCharacter, cancelUpTo = cancelUpTo_](EspeakWorker& worker) {
             std::shared_ptr<const SynthesizedSpeech> speech =
                 worker.synthesize(id, *cancelUpTo, plan, femaleCharacter);
             QMetaObject::invokeMethod(
@@ -32,8 +32,8 @@ void EspeakSynthesizer::synthesize(quint64 id, const SpeechPlan& plan, bool fema
 
 void EspeakSynthesizer::cancel(quint64 id)
 {
-    quint64 current = m_cancelUpTo->load();
-    while (current < id && !m_cancelUpTo->compare_exchange_weak(current, id)) {
+    quint64 current = cancelUpTo_->load();
+    while (current < id && !cancelUpTo_->compare_exchange_weak(current, id)) {
     }
 }
 

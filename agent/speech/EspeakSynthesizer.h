@@ -43,7 +43,7 @@ signals:
     void synthesized(quint64 id, std::shared_ptr<const agent::speech::SynthesizedSpeech> speech);
 
 private:
-    std::shared_ptr<std::atomic<quint64>> m_cancelUpTo = std::make_shared<std::atomic<quint64>>(0);
+    std::shared_ptr<std::atomic<quint64>> cancelUpTo_ = std::make_shared<std::atomic<quint64>>(0);
 };
 
 } // namespace agent::speech

@@ -11,28 +11,28 @@ EspeakThread& EspeakThread::instance()
     return thread;
 }
 
-EspeakThread::EspeakThread() : m_thread(&EspeakThread::run, this)
+EspeakThread::EspeakThread() : thread_(&EspeakThread::run, this)
 {
-    runAndWait([this](EspeakWorker& worker) { m_loaded = worker.initialise(); });
+    runAndWait([this](EspeakWorker& worker) { loaded_ = worker.initialise(); });
 }
 
 EspeakThread::~EspeakThread()
 {
     {
-        std::lock_guard lock(m_mutex);
-        m_quit = true;
+        std::lock_guard lock(mutex_);
+        quit_ = true;
     }
-    m_wake.notify_one();
-    m_thread.join();
+    wake_.notify_one();
+    thread_.join();
 }
 
 void EspeakThread::post(std::function<void(EspeakWorker&)> job)
 {
     {
-        std::lock_guard lock(m_mutex);
-        m_jobs.push_back(std::move(job));
+        std::lock_guard lock(mutex_);
+        jobs_.push_back(std::move(job));
     }
-    m_wake.notify_one();
+    wake_.notify_one();
 }
 
 void EspeakThread::runAndWait(const std::function<void(EspeakWorker&)>& job)
@@ -50,14 +50,14 @@ void EspeakThread::run()
     for (;;) {
         std::function<void(EspeakWorker&)> job;
         {
-            std::unique_lock lock(m_mutex);
-            m_wake.wait(lock, [this] { return m_quit || !m_jobs.empty(); });
-            if (m_jobs.empty())
+            std::unique_lock lock(mutex_);
+            wake_.wait(lock, [this] { return quit_ || !jobs_.empty(); });
+            if (jobs_.empty())
                 return;
-            job = std::move(m_jobs.front());
-            m_jobs.pop_front();
+            job = std::move(jobs_.front());
+            jobs_.pop_front();
         }
-        job(m_worker);
+        job(worker_);
     }
 }
 

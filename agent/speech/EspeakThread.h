@@ -20,7 +20,7 @@ public:
     static EspeakThread& instance();
     ~EspeakThread();
 
-    bool loaded() const { return m_loaded; }
+    bool loaded() const { return loaded_; }
 
     // Runs the job on the thread, in the order posted.
     void post(std::function<void(EspeakWorker&)> job);
@@ -31,13 +31,13 @@ private:
     EspeakThread();
     void run();
 
-    EspeakWorker m_worker;
-    bool m_loaded = false;
-    std::mutex m_mutex;
-    std::condition_variable m_wake;
-    std::deque<std::function<void(EspeakWorker&)>> m_jobs;
-    bool m_quit = false;
-    std::thread m_thread;
+    EspeakWorker worker_;
+    bool loaded_ = false;
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::deque<std::function<void(EspeakWorker&)>> jobs_;
+    bool quit_ = false;
+    std::thread thread_;
 };
 
 } // namespace agent::speech

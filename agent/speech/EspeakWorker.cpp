@@ -65,22 +65,22 @@ bool EspeakWorker::initialise()
                           espeakINITIALIZE_PHONEME_EVENTS | espeakINITIALIZE_DONT_EXIT);
     if (rate != SynthesizedSpeech::SampleRate)
         return false;
-    m_initialised = true;
+    initialised_ = true;
     const char* dataPath = nullptr;
     espeak_Info(&dataPath);
     const QString variants = QString::fromLocal8Bit(dataPath) + QStringLiteral("/voices/!v/");
-    m_whisperInstalled = dataPath && QFileInfo::exists(variants + QStringLiteral("whisper")) &&
+    whisperInstalled_ = dataPath && QFileInfo::exists(variants + QStringLiteral("whisper")) &&
                          QFileInfo::exists(variants + QStringLiteral("whisperf"));
     return useVoice("en-us");
 }
 
 bool EspeakWorker::useVoice(const QByteArray& name)
 {
-    if (name == m_voiceName)
+    if (name == voiceName_)
         return true;
     if (espeak_SetVoiceByName(name.constData()) != EE_OK)
         return false;
-    m_voiceName = name;
+    voiceName_ = name;
     return true;
 }
 
@@ -92,7 +92,7 @@ std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id,
     auto out = std::make_shared<SynthesizedSpeech>();
     out->shownText = plan.shownText;
     BalloonProgress balloon(plan, out->shownLength);
-    out->complete = m_initialised;
+    out->complete = initialised_;
     for (const SpeechRun& run : plan.runs) {
         if (!out->complete || id <= cancelUpTo.load()) {
             out->complete = false;
@@ -100,7 +100,7 @@ std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id,
         }
         if (run.spoken.trimmed().isEmpty())
             continue;
-        const EspeakVoice voice = chooseEspeakVoice(run.voice, femaleCharacter, m_whisperInstalled);
+        const EspeakVoice voice = chooseEspeakVoice(run.voice, femaleCharacter, whisperInstalled_);
         if (!useVoice(voice.name)) {
             out->complete = false;
             break;
@@ -130,7 +130,7 @@ std::shared_ptr<SynthesizedSpeech> EspeakWorker::synthesize(quint64 id,
 
 QString EspeakWorker::phonemesOf(const QString& word)
 {
-    if (!m_initialised || !useVoice("en-us"))
+    if (!initialised_ || !useVoice("en-us"))
         return {};
     const QByteArray text = word.toUtf8();
     const void* cursor = text.constData();

@@ -25,9 +25,9 @@ public:
 private:
     bool useVoice(const QByteArray& name);
 
-    bool m_initialised = false;
-    bool m_whisperInstalled = false;
-    QByteArray m_voiceName;
+    bool initialised_ = false;
+    bool whisperInstalled_ = false;
+    QByteArray voiceName_;
 };
 
 } // namespace agent::speech

@@ -10,7 +10,7 @@ namespace agent::speech
 
 PacedSink::Clock::time_point PacedSink::playEnd() const
 {
-    return m_start + std::chrono::microseconds(m_written * 1000000 / SynthesizedSpeech::SampleRate);
+    return start_ + std::chrono::microseconds(written_ * 1000000 / SynthesizedSpeech::SampleRate);
 }
 
 bool PacedSink::write(const qint16*, qsizetype count)
@@ -18,18 +18,18 @@ bool PacedSink::write(const qint16*, qsizetype count)
     const Clock::time_point now = Clock::now();
     if (now > playEnd()) {
         // Idle since the last utterance, or this thread was late: start the pace afresh.
-        m_start = now;
-        m_written = 0;
+        start_ = now;
+        written_ = 0;
     }
     // Like a device with one write of buffer: a write waits until the one before is playing.
     std::this_thread::sleep_until(playEnd());
-    m_written += count;
+    written_ += count;
     return true;
 }
 
 qint64 PacedSink::pendingSamples()
 {
-    if (m_written == 0)
+    if (written_ == 0)
         return 0;
     const auto left =
         std::chrono::duration_cast<std::chrono::microseconds>(playEnd() - Clock::now());
@@ -38,7 +38,7 @@ qint64 PacedSink::pendingSamples()
 
 void PacedSink::discardPending()
 {
-    m_written = 0;
+    written_ = 0;
 }
 
 } // namespace agent::speech

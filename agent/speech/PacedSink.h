@@ -20,8 +20,8 @@ private:
     using Clock = std::chrono::steady_clock;
     Clock::time_point playEnd() const;
 
-    Clock::time_point m_start;
-    qint64 m_written = 0;
+    Clock::time_point start_;
+    qint64 written_ = 0;
 };
 
 } // namespace agent::speech

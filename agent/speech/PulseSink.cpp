@@ -33,18 +33,18 @@ std::unique_ptr<PulseSink> PulseSink::connect()
 
 PulseSink::~PulseSink()
 {
-    pa_simple_free(m_stream);
+    pa_simple_free(stream_);
 }
 
 bool PulseSink::write(const qint16* samples, qsizetype count)
 {
-    return pa_simple_write(m_stream, samples, size_t(count) * sizeof(qint16), nullptr) == 0;
+    return pa_simple_write(stream_, samples, size_t(count) * sizeof(qint16), nullptr) == 0;
 }
 
 qint64 PulseSink::pendingSamples()
 {
     int error = 0;
-    const pa_usec_t latency = pa_simple_get_latency(m_stream, &error);
+    const pa_usec_t latency = pa_simple_get_latency(stream_, &error);
     if (latency == pa_usec_t(-1))
         return 0;
     return qint64(latency * SynthesizedSpeech::SampleRate / 1000000);
@@ -52,7 +52,7 @@ qint64 PulseSink::pendingSamples()
 
 void PulseSink::discardPending()
 {
-    pa_simple_flush(m_stream, nullptr);
+    pa_simple_flush(stream_, nullptr);
 }
 
 } // namespace agent::speech

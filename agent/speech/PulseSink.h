@@ -22,8 +22,8 @@ public:
     void discardPending() override;
 
 private:
-    explicit PulseSink(pa_simple* stream) : m_stream(stream) {}
-    pa_simple* m_stream;
+    explicit PulseSink(pa_simple* stream) : stream_(stream) {}
+    pa_simple* stream_;
 };
 
 } // namespace agent::speech

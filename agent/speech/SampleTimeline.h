@@ -12,25 +12,25 @@ namespace agent::speech
 template <typename T> class SampleTimeline
 {
 public:
-    void add(qint64 sample, T value) { m_marks.push_back({sample, value}); }
+    void add(qint64 sample, T value) { marks_.push_back({sample, value}); }
 
     // The value of the last mark at or before the sample, or the fallback before the first.
     T at(qint64 sample, T fallback) const
     {
         const auto next = std::upper_bound(
-            m_marks.begin(), m_marks.end(), sample,
+            marks_.begin(), marks_.end(), sample,
             [](qint64 position, const Mark& mark) { return position < mark.sample; });
-        return next == m_marks.begin() ? fallback : std::prev(next)->value;
+        return next == marks_.begin() ? fallback : std::prev(next)->value;
     }
 
-    bool empty() const { return m_marks.empty(); }
+    bool empty() const { return marks_.empty(); }
 
 private:
     struct Mark {
         qint64 sample;
         T value;
     };
-    std::vector<Mark> m_marks;
+    std::vector<Mark> marks_;
 };
 
 } // namespace agent::speech

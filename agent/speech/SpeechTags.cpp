@@ -17,48 +17,48 @@ constexpr QChar Quote = u'"';
 class TagReader
 {
 public:
-    TagReader(const QString& text, qsizetype pos) : m_text(text), m_pos(pos + 1) {}
+    TagReader(const QString& text, qsizetype pos) : text_(text), pos_(pos + 1) {}
 
     // The tag's name, or nothing when the backslash does not start "name=".
     std::optional<QString> name()
     {
-        const qsizetype start = m_pos;
-        while (m_pos < m_text.size() && m_text[m_pos].isLetter())
-            ++m_pos;
-        if (m_pos == start || m_pos >= m_text.size() || m_text[m_pos] != u'=')
+        const qsizetype start = pos_;
+        while (pos_ < text_.size() && text_[pos_].isLetter())
+            ++pos_;
+        if (pos_ == start || pos_ >= text_.size() || text_[pos_] != u'=')
             return std::nullopt;
-        const QString result = m_text.mid(start, m_pos - start).toLower();
-        ++m_pos;
+        const QString result = text_.mid(start, pos_ - start).toLower();
+        ++pos_;
         return result;
     }
 
     std::optional<QString> quoted()
     {
-        if (m_pos >= m_text.size() || m_text[m_pos] != Quote)
+        if (pos_ >= text_.size() || text_[pos_] != Quote)
             return std::nullopt;
-        const qsizetype close = m_text.indexOf(Quote, m_pos + 1);
+        const qsizetype close = text_.indexOf(Quote, pos_ + 1);
         if (close < 0)
             return std::nullopt;
-        const QString result = m_text.mid(m_pos + 1, close - m_pos - 1);
-        m_pos = close + 1;
+        const QString result = text_.mid(pos_ + 1, close - pos_ - 1);
+        pos_ = close + 1;
         return result;
     }
 
     bool literal(QChar c)
     {
-        if (m_pos >= m_text.size() || m_text[m_pos] != c)
+        if (pos_ >= text_.size() || text_[pos_] != c)
             return false;
-        ++m_pos;
+        ++pos_;
         return true;
     }
 
     std::optional<int> number()
     {
-        const qsizetype start = m_pos;
-        while (m_pos < m_text.size() && m_text[m_pos].isDigit())
-            ++m_pos;
+        const qsizetype start = pos_;
+        while (pos_ < text_.size() && text_[pos_].isDigit())
+            ++pos_;
         bool ok = false;
-        const int value = m_text.mid(start, m_pos - start).toInt(&ok);
+        const int value = text_.mid(start, pos_ - start).toInt(&ok);
         return ok ? std::optional<int>(value) : std::nullopt;
     }
 
@@ -68,41 +68,41 @@ public:
     // Where the text goes on after a tag that could not be read: past the next backslash.
     qsizetype skipMalformed() const
     {
-        const qsizetype next = m_text.indexOf(Backslash, m_pos);
-        return next < 0 ? m_text.size() : next + 1;
+        const qsizetype next = text_.indexOf(Backslash, pos_);
+        return next < 0 ? text_.size() : next + 1;
     }
 
-    qsizetype position() const { return m_pos; }
+    qsizetype position() const { return pos_; }
 
 private:
-    const QString& m_text;
-    qsizetype m_pos;
+    const QString& text_;
+    qsizetype pos_;
 };
 
 class SegmentBuilder
 {
 public:
-    explicit SegmentBuilder(const VoiceParams& start) : m_voice(start) {}
+    explicit SegmentBuilder(const VoiceParams& start) : voice_(start) {}
 
     void appendPlain(const QString& shown, const QString& spoken)
     {
-        if (m_segments.empty() || m_segments.back().mapped || !(m_segments.back().voice == m_voice))
-            m_segments.push_back({QString(), QString(), false, m_voice});
-        m_segments.back().shown += shown;
-        m_segments.back().spoken += spoken;
+        if (segments_.empty() || segments_.back().mapped || !(segments_.back().voice == voice_))
+            segments_.push_back({QString(), QString(), false, voice_});
+        segments_.back().shown += shown;
+        segments_.back().spoken += spoken;
     }
 
     void appendMapped(const QString& spoken, const QString& shown)
     {
-        m_segments.push_back({spoken, shown, true, m_voice});
+        segments_.push_back({spoken, shown, true, voice_});
     }
 
-    VoiceParams& voice() { return m_voice; }
-    std::vector<SpeechSegment> take() { return std::move(m_segments); }
+    VoiceParams& voice() { return voice_; }
+    std::vector<SpeechSegment> take() { return std::move(segments_); }
 
 private:
-    VoiceParams m_voice;
-    std::vector<SpeechSegment> m_segments;
+    VoiceParams voice_;
+    std::vector<SpeechSegment> segments_;
 };
 
 // Applies the tag at text[pos]; returns where the text goes on, or nothing when the backslash

@@ -43,16 +43,16 @@ public:
     Tokens& bits(std::uint32_t value, int width)
     {
         for (int i = 0; i < width; ++i)
-            m_bits.push_back((value >> i) & 1);
+            bits_.push_back((value >> i) & 1);
         return *this;
     }
     QByteArray bytes(bool trailer = true) const
     {
         QByteArray out(1, '\0');
-        for (std::size_t i = 0; i < m_bits.size(); i += 8) {
+        for (std::size_t i = 0; i < bits_.size(); i += 8) {
             std::uint8_t byte = 0;
-            for (std::size_t b = 0; b < 8 && i + b < m_bits.size(); ++b)
-                byte |= std::uint8_t(m_bits[i + b] << b);
+            for (std::size_t b = 0; b < 8 && i + b < bits_.size(); ++b)
+                byte |= std::uint8_t(bits_[i + b] << b);
             out.append(char(byte));
         }
         if (trailer)
@@ -61,7 +61,7 @@ public:
     }
 
 private:
-    std::vector<int> m_bits;
+    std::vector<int> bits_;
 };
 
 QByteArray sequence(int count, std::uint8_t first = 0)

@@ -20,48 +20,48 @@ class PrivateSoundServer
 public:
     PrivateSoundServer()
     {
-        m_environment = QProcessEnvironment::systemEnvironment();
-        m_environment.insert(u"XDG_RUNTIME_DIR"_qs, m_runtime.path());
-        m_environment.insert(u"HOME"_qs, m_runtime.path());
-        m_environment.remove(u"PULSE_SERVER"_qs);
+        environment_ = QProcessEnvironment::systemEnvironment();
+        environment_.insert(u"XDG_RUNTIME_DIR"_qs, runtime_.path());
+        environment_.insert(u"HOME"_qs, runtime_.path());
+        environment_.remove(u"PULSE_SERVER"_qs);
         QProcess daemon;
-        daemon.setProcessEnvironment(m_environment);
+        daemon.setProcessEnvironment(environment_);
         daemon.start(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
                                         u"--load=module-null-sink sink_name=dummy"_qs,
                                         u"--load=module-native-protocol-unix auth-anonymous=1"_qs});
         if (!daemon.waitForFinished(20000) || daemon.exitStatus() != QProcess::NormalExit ||
             daemon.exitCode() != 0) {
-            m_error = QString::fromLocal8Bit(daemon.readAllStandardError());
+            error_ = QString::fromLocal8Bit(daemon.readAllStandardError());
             return;
         }
-        QFile pidFile(m_runtime.filePath(u"pulse/pid"_qs));
+        QFile pidFile(runtime_.filePath(u"pulse/pid"_qs));
         if (pidFile.open(QIODevice::ReadOnly))
-            m_pid = pidFile.readAll().trimmed().toInt();
-        if (m_pid <= 0)
-            m_error = u"pulseaudio left no pid file"_qs;
+            pid_ = pidFile.readAll().trimmed().toInt();
+        if (pid_ <= 0)
+            error_ = u"pulseaudio left no pid file"_qs;
     }
 
     ~PrivateSoundServer()
     {
-        if (m_pid <= 0)
+        if (pid_ <= 0)
             return;
-        ::kill(m_pid, SIGTERM);
+        ::kill(pid_, SIGTERM);
         // The server removes its pid file as it exits; its folder can go after that.
-        const QString pidFile = m_runtime.filePath(u"pulse/pid"_qs);
+        const QString pidFile = runtime_.filePath(u"pulse/pid"_qs);
         for (int i = 0; i < 50 && QFile::exists(pidFile); ++i)
             QThread::msleep(100);
     }
 
-    bool running() const { return m_pid > 0; }
-    QString error() const { return m_error; }
-    QString runtimePath() const { return m_runtime.path(); }
-    QProcessEnvironment environment() const { return m_environment; }
+    bool running() const { return pid_ > 0; }
+    QString error() const { return error_; }
+    QString runtimePath() const { return runtime_.path(); }
+    QProcessEnvironment environment() const { return environment_; }
 
 private:
-    QTemporaryDir m_runtime;
-    QProcessEnvironment m_environment;
-    QString m_error;
-    int m_pid = 0;
+    QTemporaryDir runtime_;
+    QProcessEnvironment environment_;
+    QString error_;
+    int pid_ = 0;
 };
 
 std::vector<qint16> toSamples(const QByteArray& raw)
