@@ -1,4 +1,4 @@
-#include "core/Main.h"
+#include "startup/Main.h"
 
 #include "agent/engine/AgentEngine.h"
 #include "agent/listen/PocketSphinxRecognizer.h"

@@ -1,6 +1,6 @@
 #include "apps/AppRecord.h"
 
-#include "apps/Cp1252.h"
+#include "core/Cp1252.h"
 
 #include <QtEndian>
 

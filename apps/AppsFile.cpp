@@ -1,7 +1,7 @@
 #include "apps/AppsFile.h"
 
-#include "apps/FileErrors.h"
-#include "apps/ReplaceFile.h"
+#include "core/FileErrors.h"
+#include "core/ReplaceFile.h"
 
 #include <QFileInfo>
 #include <limits>

@@ -4,6 +4,7 @@
 #include "core/App.h"
 #include "core/frmMain.h"
 #include "fakes/FakePlatform.h"
+#include "reading/ReadingEngine.h"
 
 #include <QApplication>
 #include <QFile>
@@ -119,9 +120,9 @@ void ReadFile(benchmark::State& state, Shape shape, qint64 bytes)
         app.Character = &character;
         app.AnimateRead = QStringLiteral("0");
         fp.dialogs.files.push_back(path);
-        app.MainForm->mnuFileRead_Click();
+        mnuFileRead_Click(app);
         while (app.MainForm->Timer2->isActive()) {
-            app.MainForm->Timer2_Timer();
+            Timer2_Timer(app);
             ++ticks;
         }
         pieces += character.pieces;

@@ -1,7 +1,9 @@
+#include "character/CharacterEvents.h"
+
 #include "character/CurrentCharacter.h"
 #include "core/App.h"
 #include "core/Conversions.h"
-#include "core/Main.h"
+#include "core/ReadingState.h"
 #include "core/frmMain.h"
 
 #include <QAction>
@@ -11,13 +13,7 @@
 using platform::BoxButtons;
 using platform::BoxIcon;
 
-namespace
-{
-constexpr int LeftButton = 1;
-constexpr int RightButton = 2;
-} // namespace
-
-void frmMain::cmdShow_Click()
+void cmdShow_Click(App& app)
 {
     platform::AgentCharacter& character = CurrentCharacter(app);
     if (character.Balloon().Visible()) {
@@ -29,57 +25,40 @@ void frmMain::cmdShow_Click()
     app.LastRequest = character.Visible() ? character.Hide() : character.Show();
 }
 
-void frmMain::Agent1_Show(const QString&, int)
+void Agent1_Show(App& app)
 {
-    cmdShow->setText(QStringLiteral("&Hide"));
-    cmdShow->setToolTip(QStringLiteral("Hide ") + CurrentCharacter(app).Name());
-    mnuQuorlTime->setEnabled(true);
-    mnuQuorlDate->setEnabled(true);
+    frmMain& f = *app.MainForm;
+    f.cmdShow->setText(QStringLiteral("&Hide"));
+    f.cmdShow->setToolTip(QStringLiteral("Hide ") + CurrentCharacter(app).Name());
+    f.mnuQuorlTime->setEnabled(true);
+    f.mnuQuorlDate->setEnabled(true);
     if (!ReadingActive(app))
         return;
-    cmdCont->setEnabled(true);
-    cmdShow->setEnabled(true);
+    f.cmdCont->setEnabled(true);
+    f.cmdShow->setEnabled(true);
     if (Conversions::Val(app.AnimateRead) == 1)
         app.LastRequest = CurrentCharacter(app).Play(QStringLiteral("Read"));
 }
 
-void frmMain::Agent1_Hide(const QString&, int)
+void Agent1_Hide(App& app)
 {
-    cmdShow->setText(QStringLiteral("&Show"));
-    cmdShow->setToolTip(QStringLiteral("Show ") + CurrentCharacter(app).Name());
-    mnuQuorlTime->setEnabled(false);
-    mnuQuorlDate->setEnabled(false);
-    if (ReadingActive(app)) {
-        cmdCont->setText(QStringLiteral("&Continue"));
-        Timer2->stop();
-        setWindowTitle(app.ReadingClip ? QStringLiteral("Quorl - Reading From Clip Board (Paused)")
-                                       : QStringLiteral("Quorl - Reading ") + ReadFileName +
-                                             QStringLiteral(" (Paused)"));
-    }
+    frmMain& f = *app.MainForm;
+    f.cmdShow->setText(QStringLiteral("&Show"));
+    f.cmdShow->setToolTip(QStringLiteral("Show ") + CurrentCharacter(app).Name());
+    f.mnuQuorlTime->setEnabled(false);
+    f.mnuQuorlDate->setEnabled(false);
+    if (ReadingActive(app))
+        PauseReading(app);
     // A hidden character must always be able to come back during a reading.
-    cmdShow->setEnabled(true);
+    f.cmdShow->setEnabled(true);
 }
 
-void frmMain::Agent1_Click(const QString& characterId, int button, int, int, int)
-{
-    if (characterId != CharacterId)
-        return;
-    if (button == LeftButton) {
-        if (Conversions::Val(app.Settings.ReadText(QStringLiteral("Click1"))) == 1)
-            Read_Click();
-    } else if (button == RightButton) {
-        if (Conversions::Val(app.Settings.ReadText(QStringLiteral("Click"))) == 1 &&
-            ReadingActive(app) && cmdCont->isEnabled())
-            cmdCont_Click();
-    }
-}
-
-void frmMain::Agent1_IdleStart(const QString&)
+void Agent1_IdleStart(App& app)
 {
     CurrentCharacter(app).Balloon().setVisible(false);
 }
 
-void frmMain::Agent1_Shutdown()
+void Agent1_Shutdown(App& app)
 {
     app.P.process.End();
 }

@@ -2,7 +2,6 @@
 
 #include "character/ApplyVoiceDefaults.h"
 #include "character/CurrentCharacter.h"
-#include "commands/VoiceCommands.h"
 #include "core/App.h"
 #include "core/Conversions.h"
 #include "core/frmMain.h"
@@ -104,7 +103,7 @@ Steps LoadingSteps(App& app, const QString& File)
 Steps OptionSteps(App& app, const QString& File)
 {
     return {
-        [&] { SetVoiceCommands(app); },
+        [&] { app.Hooks.SetVoiceCommands(); },
         [&] { app.Settings.Write(QStringLiteral("Character"), File); },
         [&] {
             const bool on = SettingIsOn(app, QStringLiteral("SoundEffects"));

@@ -2,17 +2,12 @@
 
 #include "character/CurrentCharacter.h"
 #include "core/App.h"
-#include "core/Controls.h"
-#include "core/Conversions.h"
-#include "core/Main.h"
+#include "core/ReadingState.h"
 #include "core/frmMain.h"
-#include "reading/ReadingPieces.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QTimer>
 #include <algorithm>
 
 namespace
@@ -24,8 +19,6 @@ bool OnlySpaces(const QString& text)
 }
 
 constexpr int LongestSpokenText = 200;
-// A long text's bar gets more room past its end than a file's.
-constexpr int LongTextProgressMargin = 10;
 
 QString CharacterTag(const frmMain& f)
 {
@@ -43,17 +36,6 @@ QString SpeechLine(const App& app, const QString& Text)
     return tags + QStringLiteral("\\map=\"") + Text + QStringLiteral("\"=\"\"\\");
 }
 
-void StartPiecewiseReading(App& app, const QString& Text)
-{
-    frmMain& f = *app.MainForm;
-    ScaleProgress(app, Text.size(), LongTextProgressMargin);
-    app.ProgressPos = 0.0f;
-    f.setWindowTitle(QStringLiteral("Quorl - Reading From Clip Board"));
-    app.ReadingClip = true;
-    app.LineBuffer = Text;
-    f.Timer2->start();
-}
-
 } // namespace
 
 void SayText(App& app, const QString& Text, bool KeepTextBox)
@@ -65,11 +47,11 @@ void SayText(App& app, const QString& Text, bool KeepTextBox)
     if (!character.Visible())
         app.LastRequest = character.Show();
     UpdateReadingControls(app);
-    if (Conversions::Val(Tag(f.mnuFileRead)) == 1 || Text.size() <= LongestSpokenText) {
+    if (f.FileReadingOn() || Text.size() <= LongestSpokenText) {
         app.LastRequest = character.Speak(SpeechLine(app, Text));
         if (!KeepTextBox)
             f.txtText->setPlainText(Text);
         return;
     }
-    StartPiecewiseReading(app, Text);
+    app.Hooks.StartLongTextReading(Text);
 }

@@ -1,3 +1,5 @@
+#include "character/VoicePanel.h"
+
 #include "character/ApplyVoiceDefaults.h"
 #include "character/VoiceTags.h"
 #include "core/App.h"
@@ -16,34 +18,35 @@ constexpr int WidthWithoutPanel = 4800;
 constexpr int WidthWithPanel = 8310;
 } // namespace
 
-void frmMain::cmdDefaults_Click()
+void cmdDefaults_Click(App& app)
 {
     ApplyVoiceDefaults(app);
 }
 
-void frmMain::sdrPitch_Change()
+void sdrPitch_Change(App& app)
 {
-    app.PitchTag = PitchTagOf(sdrPitch->value());
+    app.PitchTag = PitchTagOf(app.MainForm->sdrPitch->value());
 }
 
-void frmMain::sdrSpeed_Change()
+void sdrSpeed_Change(App& app)
 {
-    app.SpeedTag = SpeedTagOf(sdrSpeed->value());
+    app.SpeedTag = SpeedTagOf(app.MainForm->sdrSpeed->value());
 }
 
-void frmMain::sdrVolume_Change()
+void sdrVolume_Change(App& app)
 {
-    app.VolumeTag = VolumeTagOf(sdrVolume->value());
+    app.VolumeTag = VolumeTagOf(app.MainForm->sdrVolume->value());
 }
 
-void frmMain::mnuViewVoice_Click()
+void mnuViewVoice_Click(App& app)
 {
-    const bool show = !mnuViewVoice->isChecked();
-    const QList<QWidget*> panel{Frame1, sdrPitch, sdrSpeed, sdrVolume, cmdDefaults};
+    frmMain& f = *app.MainForm;
+    const bool show = !f.mnuViewVoice->isChecked();
+    const QList<QWidget*> panel{f.Frame1, f.sdrPitch, f.sdrSpeed, f.sdrVolume, f.cmdDefaults};
     for (QWidget* w : panel)
         w->setVisible(show);
-    mnuViewVoice->setChecked(show);
+    f.mnuViewVoice->setChecked(show);
     // The window's minimum size must follow the panel before the new width can hold.
-    layout()->activate();
-    setWidthTwips(show ? WidthWithPanel : WidthWithoutPanel);
+    f.layout()->activate();
+    f.setWidthTwips(show ? WidthWithPanel : WidthWithoutPanel);
 }

@@ -1,13 +1,17 @@
+#include "commands/CommandDispatch.h"
+
 #include "character/SayText.h"
 #include "clock/SayDate.h"
 #include "clock/SayTime.h"
 #include "commands/VoiceCommands.h"
 #include "commands/frmShut.h"
 #include "core/App.h"
+#include "core/Closing.h"
 #include "core/Controls.h"
 #include "core/Conversions.h"
 #include "core/ReportError.h"
 #include "core/frmMain.h"
+#include "reading/ReadingControls.h"
 
 #include <QAction>
 #include <QLabel>
@@ -63,12 +67,12 @@ void AnswerYes(App& app)
     const int code = ShutCode(app);
     if (code == 1 || code == 2) {
         if (app.MainForm->mnuFileSave->isChecked())
-            app.MainForm->mnuFileSavenow_Click();
+            mnuFileSavenow_Click(app);
         app.P.power.ExitWindowsEx(unsigned(code), 0);
         app.P.process.End();
     }
     UnloadShutForm(app);
-    app.MainForm->mnuFileExit_Click();
+    mnuFileExit_Click(app);
 }
 
 void AnswerNo(App& app)
@@ -101,20 +105,21 @@ void RunApplication(App& app, const QString& name)
 } // namespace
 
 // The control's own failures while listening for commands are reported as the dispatch's.
-void frmMain::Agent1_Error(const platform::RuntimeError& error)
+void Agent1_Error(App& app, const platform::RuntimeError& error)
 {
     ReportError(app, false, 6, error);
 }
 
 // Speech and the popup menu both arrive here, and nothing tells them apart.
-void frmMain::Agent1_Command(const platform::UserInput& UserInput)
+void Agent1_Command(App& app, const platform::UserInput& UserInput)
 {
     const QString& name = UserInput.Name;
     try {
         if (name == QLatin1String("Clip"))
-            Read_Click();
+            Read_Click(app);
         else if (name == QLatin1String("Notes"))
-            mnuQuorlReminders_Click();
+            // The menu entry's own routine opens the notes window, as a click on it does.
+            app.MainForm->mnuQuorlReminders->trigger();
         else if (name == QLatin1String("Time"))
             SayTime(app);
         else if (name == QLatin1String("Date"))

@@ -3,11 +3,12 @@
 #include "character/SayText.h"
 #include "commands/VoiceCommands.h"
 #include "core/App.h"
+#include "core/Closing.h"
 #include "core/Controls.h"
 #include "core/Conversions.h"
 #include "core/Guard.h"
+#include "core/OnTop.h"
 #include "core/frmMain.h"
-#include "settings/OnTop.h"
 
 #include <QAction>
 #include <QFont>
@@ -85,7 +86,7 @@ void frmShut::cmdYes_Click()
     if (code == 1 || code == 2)
         app.P.power.ExitWindowsEx(unsigned(code), 0);
     UnloadShutForm(app);
-    app.MainForm->mnuFileExit_Click();
+    mnuFileExit_Click(app);
 }
 
 void frmShut::reject()
@@ -93,13 +94,20 @@ void frmShut::reject()
     cmdNo->click();
 }
 
+frmShut* ShutForm(const App& app)
+{
+    return static_cast<frmShut*>(app.ShutForm.get());
+}
+
 frmShut& LoadShutForm(App& app)
 {
     if (!app.ShutForm) {
-        app.ShutForm = std::make_unique<frmShut>(app);
-        app.ShutForm->Form_Load();
+        auto form = std::make_unique<frmShut>(app);
+        frmShut& loaded = *form;
+        app.ShutForm = std::move(form);
+        loaded.Form_Load();
     }
-    return *app.ShutForm;
+    return *ShutForm(app);
 }
 
 void UnloadShutForm(App& app)
@@ -107,7 +115,7 @@ void UnloadShutForm(App& app)
     if (!app.ShutForm)
         return;
     // The window may be unloaded from its own button's click: it goes once that click is over.
-    frmShut* form = app.ShutForm.release();
+    auto* form = static_cast<frmShut*>(app.ShutForm.release());
     form->hide();
     form->deleteLater();
     form->Form_Unload();
@@ -115,7 +123,7 @@ void UnloadShutForm(App& app)
 
 int ShutCode(const App& app)
 {
-    return app.ShutForm ? int(Conversions::Val(Tag(app.ShutForm.get()))) : 0;
+    return app.ShutForm ? int(Conversions::Val(Tag(ShutForm(app)))) : 0;
 }
 
 void DeclineShutDown(App& app)

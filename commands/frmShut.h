@@ -34,6 +34,8 @@ public:
     void reject() override;
 };
 
+// The window while it is loaded, else null.
+frmShut* ShutForm(const App& app);
 // The window, loaded (with its Form_Load) if it was not.
 frmShut& LoadShutForm(App& app);
 // Runs Form_Unload and drops the window; nothing happens when it is not loaded.

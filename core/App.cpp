@@ -1,7 +1,8 @@
 #include "core/App.h"
 
-#include "commands/frmShut.h"
 #include "core/frmMain.h"
+
+#include <QDialog>
 
 App::App(platform::Platform& platform) : P(platform), Settings(platform.store) {}
 

@@ -1,17 +1,18 @@
 #pragma once
 
+#include "core/LineText.h"
+#include "core/RegFunctions.h"
+#include "core/TextFile.h"
 #include "platform/Platform.h"
-#include "reading/LineText.h"
-#include "reading/TextFile.h"
-#include "settings/RegFunctions.h"
 
 #include <QString>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
+class QDialog;
 class frmMain;
-class frmShut;
 
 // One run of the program: the platform it runs on and the module-wide state that the
 // routines share. A test creates a fresh one for every case.
@@ -27,6 +28,8 @@ struct App {
     std::int16_t ModalOpen = 0;
     bool ConfirmPending = false;
 
+    // The receiver of the control's events; it outlives the control that calls it.
+    std::unique_ptr<platform::AgentEvents> Events;
     // The character control, created with frmMain, and the one character "G".
     std::unique_ptr<platform::Agent> Agent1;
     platform::AgentCharacter* Character = nullptr;
@@ -45,6 +48,9 @@ struct App {
     TextFile ReadingFile;
     float ProgressScale = 1.0f;
     float ProgressPos = 0.0f;
+    // Timer events can arrive while a tick lets the event queue run; a tick never starts
+    // inside another.
+    bool TickRunning = false;
 
     // Applications: slot 0 is never used.
     std::vector<QString> AppPaths = std::vector<QString>(1);
@@ -52,9 +58,20 @@ struct App {
     // The main window's topmost state.
     bool OnTop = false;
 
+    // Calls from a lower folder into a higher one, set by start-up, so that folders link
+    // downward only. Each stays empty in a test that does not need it.
+    struct Hooks {
+        // SayText (character/) turns a long text into a piecewise reading (reading/, above it),
+        // and that reading speaks through SayText.
+        std::function<void(const QString& text)> StartLongTextReading;
+        // LoadCharacter (character/) rebuilds the command list (commands/, above it), whose
+        // confirmations speak through the character.
+        std::function<void()> SetVoiceCommands;
+    } Hooks;
+
     std::unique_ptr<frmMain> MainForm;
-    // The shut-down confirmation, while it is loaded.
-    std::unique_ptr<frmShut> ShutForm;
+    // The shut-down confirmation window (commands/), while it is loaded.
+    std::unique_ptr<QDialog> ShutForm;
 };
 
 inline const QString CharacterId = QStringLiteral("G");

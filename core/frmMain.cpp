@@ -1,12 +1,13 @@
 #include "core/frmMain.h"
 
 #include "core/App.h"
+#include "core/Controls.h"
 #include "core/Conversions.h"
-#include "core/Guard.h"
-#include "info/frmSplash.h"
+#include "core/MainWindow.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -60,8 +61,6 @@ frmMain::frmMain(App& app) : app(app)
     Timer2->setInterval(100);
     RemindTimer = new QTimer(this);
     RemindTimer->setInterval(60000);
-
-    connectHandlers();
 }
 
 frmMain::~frmMain() = default;
@@ -193,46 +192,34 @@ void frmMain::buildMenus()
         add(mnuAbout, QStringLiteral("&About Quorl"), QKeySequence(QStringLiteral("Ctrl+A")));
 }
 
-void frmMain::connectHandlers()
+namespace
 {
-    auto on = [this](auto* sender, auto signal, const char* name, void (frmMain::*handler)()) {
-        connect(sender, signal, this, Guarded(name, [this, handler] { (this->*handler)(); }));
-    };
-    on(cmdShow, &QPushButton::clicked, "cmdShow_Click", &frmMain::cmdShow_Click);
-    on(cmdDefaults, &QPushButton::clicked, "cmdDefaults_Click", &frmMain::cmdDefaults_Click);
-    on(sdrPitch, &QSlider::valueChanged, "sdrPitch_Change", &frmMain::sdrPitch_Change);
-    on(sdrSpeed, &QSlider::valueChanged, "sdrSpeed_Change", &frmMain::sdrSpeed_Change);
-    on(sdrVolume, &QSlider::valueChanged, "sdrVolume_Change", &frmMain::sdrVolume_Change);
-    // These two routines turn their own check marks over, so Qt's toggle is taken back first.
-    auto onChecked = [this](QAction* action, const char* name, void (frmMain::*handler)()) {
-        connect(action, &QAction::triggered, this, [this, action, name, handler](bool checked) {
-            action->setChecked(!checked);
-            RunGuarded(name, [this, handler] { (this->*handler)(); });
-        });
-    };
-    onChecked(mnuViewVoice, "mnuViewVoice_Click", &frmMain::mnuViewVoice_Click);
-    onChecked(mnuViewTop, "mnuViewTop_Click", &frmMain::mnuViewTop_Click);
-    on(mnuQuorlTime, &QAction::triggered, "mnuQuorlTime_Click", &frmMain::mnuQuorlTime_Click);
-    on(mnuQuorlDate, &QAction::triggered, "mnuQuorlDate_Click", &frmMain::mnuQuorlDate_Click);
-    on(mnuFileRead, &QAction::triggered, "mnuFileRead_Click", &frmMain::mnuFileRead_Click);
-    on(Timer2, &QTimer::timeout, "Timer2_Timer", &frmMain::Timer2_Timer);
-    on(cmdStop, &QPushButton::clicked, "cmdStop_Click", &frmMain::cmdStop_Click);
-    on(cmdCont, &QPushButton::clicked, "cmdCont_Click", &frmMain::cmdCont_Click);
-    on(cmdNext, &QPushButton::clicked, "cmdNext_Click", &frmMain::cmdNext_Click);
-    on(cmdTalk, &QPushButton::clicked, "cmdTalk_Click", &frmMain::cmdTalk_Click);
-    on(Read, &QPushButton::clicked, "Read_Click", &frmMain::Read_Click);
-    on(chkIgnore, &QCheckBox::clicked, "chkIgnore_Click", &frmMain::chkIgnore_Click);
-    on(mnuQuorlReminders, &QAction::triggered, "mnuQuorlReminders_Click",
-       &frmMain::mnuQuorlReminders_Click);
-    on(mnuFileSavenow, &QAction::triggered, "mnuFileSavenow_Click", &frmMain::mnuFileSavenow_Click);
-    on(mnuFileExit, &QAction::triggered, "mnuFileExit_Click", &frmMain::mnuFileExit_Click);
-    on(mnuFileAgent, &QAction::triggered, "mnuFileAgent_Click", &frmMain::mnuFileAgent_Click);
-    on(mnuFileInstall, &QAction::triggered, "mnuFileInstall_Click", &frmMain::mnuFileInstall_Click);
-    on(mnuFileDownload, &QAction::triggered, "mnuFileDownload_Click",
-       &frmMain::mnuFileDownload_Click);
-    on(mnuAboutSite, &QAction::triggered, "mnuAboutSite_Click", &frmMain::mnuAboutSite_Click);
-    on(mnuAboutSplash, &QAction::triggered, "mnuAboutSplash_Click", &frmMain::mnuAboutSplash_Click);
-    on(Command1, &QPushButton::clicked, "Command1_Click", &frmMain::Command1_Click);
+
+QString MarkerText(bool on)
+{
+    return on ? QStringLiteral("1") : QStringLiteral("0");
+}
+
+} // namespace
+
+bool frmMain::FileReadingOn() const
+{
+    return Conversions::Val(Tag(mnuFileRead)) == 1;
+}
+
+void frmMain::setFileReadingOn(bool on)
+{
+    setTag(mnuFileRead, MarkerText(on));
+}
+
+bool frmMain::NextLineTaken() const
+{
+    return Conversions::Val(Tag(cmdNext)) != 0;
+}
+
+void frmMain::setNextLineTaken(bool taken)
+{
+    setTag(cmdNext, MarkerText(taken));
 }
 
 int frmMain::LeftTwips() const
@@ -264,10 +251,8 @@ void frmMain::setWidthTwips(int twips)
     resize(twips / app.P.screen.TwipsPerPixelX(), height());
 }
 
-void frmMain::Form_Load()
+void frmMain::closeEvent(QCloseEvent* event)
 {
-    if (Conversions::Val(app.Settings.Get(QStringLiteral("Splash"), QStringLiteral("1"))) == 1) {
-        frmSplash splash(app);
-        app.P.showModal(splash);
-    }
+    event->ignore();
+    ToggleMainWindow(app);
 }

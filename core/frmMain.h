@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/Agent.h"
-
 #include <QMainWindow>
 
 struct App;
@@ -17,9 +15,10 @@ class QPushButton;
 class QSlider;
 class QTimer;
 
-// The main window: the text box, the reading buttons, the voice panel, the menus, the timers,
-// and the receiver of the character control's events.
-class frmMain : public QMainWindow, public platform::AgentEvents
+// The main window's view: the text box, the reading buttons, the voice panel, the menus and
+// the timers. The routines that act on them live with their subsystems; start-up connects
+// the window's signals to them.
+class frmMain : public QMainWindow
 {
     Q_OBJECT
 public:
@@ -84,6 +83,15 @@ public:
     QString ChunkText;
     QString ReadFileName;
     int Splitting = 0;
+    // 1 only while mnuFileSavenow_Click runs.
+    int SaveNow = 0;
+
+    // The reading markers kept as the texts of two controls' tags, "1" or "0", as the rules
+    // read them: a file reading is on; Next has already put the next line in hand.
+    bool FileReadingOn() const;
+    void setFileReadingOn(bool on);
+    bool NextLineTaken() const;
+    void setNextLineTaken(bool taken);
 
     // Window placement in twips, the unit of the stored settings.
     int LeftTwips() const;
@@ -94,68 +102,12 @@ public:
     void setTopTwips(int twips);
     void setWidthTwips(int twips);
 
-    void Form_Load();
-
-    // The tray icon; a left double click on it runs ToggleMainWindow.
-    void CreateIcon();
-    void DeleteIcon();
-    void ToggleMainWindow();
-
-    // Character events
-    void Agent1_Click(const QString& characterId, int button, int shift, int x, int y) override;
-    void Agent1_Show(const QString& characterId, int cause) override;
-    void Agent1_Hide(const QString& characterId, int cause) override;
-    void Agent1_IdleStart(const QString& characterId) override;
-    void Agent1_Command(const platform::UserInput& input) override;
-    void Agent1_Shutdown() override;
-    void Agent1_Error(const platform::RuntimeError& error) override;
-
-    // Character and voice panel
-    void cmdShow_Click();
-    void cmdDefaults_Click();
-    void sdrPitch_Change();
-    void sdrSpeed_Change();
-    void sdrVolume_Change();
-    void mnuViewVoice_Click();
-    void mnuViewTop_Click();
-    void mnuQuorlTime_Click();
-    void mnuQuorlDate_Click();
-
-    // Reading
-    void mnuFileRead_Click();
-    void Timer2_Timer();
-    void cmdStop_Click();
-    void cmdCont_Click();
-    void cmdNext_Click();
-    void cmdTalk_Click();
-    void Read_Click();
-    void chkIgnore_Click();
-
-    // Menus of the window itself
-    void mnuFileAgent_Click();
-    void mnuFileInstall_Click();
-    void mnuFileDownload_Click();
-    void mnuAboutSite_Click();
-    void mnuAboutSplash_Click();
-    void Command1_Click();
-
-    // Other windows and closing
-    void mnuQuorlReminders_Click();
-    void mnuFileSavenow_Click();
-    void mnuFileExit_Click();
-    // The unload of the window: removes the tray icon and saves the window values.
-    void Form_Unload();
-    // 1 only while mnuFileSavenow_Click runs.
-    int SaveNow = 0;
-
 protected:
     // The close box hides the window; the program goes on.
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void SaveWindowSettings();
     void buildReadingControls(QWidget* parent);
     void buildVoicePanel(QWidget* parent);
     void buildMenus();
-    void connectHandlers();
 };

@@ -1,8 +1,8 @@
 #include "info/frmSplash.h"
 
 #include "core/App.h"
+#include "core/OnTop.h"
 #include "core/frmMain.h"
-#include "settings/OnTop.h"
 
 #include <QAction>
 #include <QApplication>
@@ -108,4 +108,11 @@ bool frmSplash::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return QDialog::eventFilter(watched, event);
+}
+
+void mnuAboutSplash_Click(App& app)
+{
+    frmSplash splash(app, app.MainForm.get());
+    splash.Timer1->stop();
+    app.P.showModal(splash);
 }

@@ -41,5 +41,8 @@ private:
     bool unloaded_ = false;
 };
 
+// Shows the splash window from the menu: it stays until it is clicked.
+void mnuAboutSplash_Click(App& app);
+
 // "Version 1.6.45", from the program's version data.
 QString VersionText();

@@ -1,6 +1,9 @@
+#include "reading/ReadingControls.h"
+
 #include "character/SayText.h"
 #include "core/App.h"
-#include "core/Controls.h"
+#include "core/Conversions.h"
+#include "core/ReadingState.h"
 #include "core/ReportError.h"
 #include "core/frmMain.h"
 #include "reading/ReadAnimation.h"
@@ -14,33 +17,28 @@
 
 namespace
 {
-
-QString ReadingCaption(const App& app)
-{
-    return app.ReadingClip ? QStringLiteral("Quorl - Reading From Clip Board")
-                           : QStringLiteral("Quorl - Reading ") + app.MainForm->ReadFileName;
-}
-
+constexpr int LeftButton = 1;
+constexpr int RightButton = 2;
 } // namespace
 
-void frmMain::cmdCont_Click()
+void cmdCont_Click(App& app)
 {
-    if (Timer2->isActive()) {
-        cmdCont->setText(QStringLiteral("&Continue"));
-        Timer2->stop();
-        setWindowTitle(ReadingCaption(app) + QStringLiteral(" (Paused)"));
+    frmMain& f = *app.MainForm;
+    if (f.Timer2->isActive()) {
+        PauseReading(app);
         return;
     }
-    cmdCont->setText(QStringLiteral("&Pause"));
-    Timer2->start();
-    setWindowTitle(ReadingCaption(app));
+    f.cmdCont->setText(QStringLiteral("&Pause"));
+    f.Timer2->start();
+    f.setWindowTitle(ReadingCaption(app));
     // The tick keeps waiting for the last piece, not for this animation.
     if (ReadAnimationOn(app))
         app.Character->Play(QStringLiteral("Read"));
 }
 
-void frmMain::cmdNext_Click()
+void cmdNext_Click(App& app)
 {
+    frmMain& f = *app.MainForm;
     try {
         TextFile& file = app.ReadingFile;
         if (file.atEnd()) {
@@ -51,33 +49,49 @@ void frmMain::cmdNext_Click()
         app.LineBuffer = file.readLine();
         while (app.LineBuffer.isEmpty() && !file.atEnd())
             app.LineBuffer = file.readLine();
-        txtText->setPlainText(app.LineBuffer.toString());
-        setTag(cmdNext, QStringLiteral("1"));
+        f.txtText->setPlainText(app.LineBuffer.toString());
+        f.setNextLineTaken(true);
     } catch (const platform::RuntimeError& error) {
         ReportError(app, false, 1.0f, error);
     }
 }
 
-void frmMain::cmdTalk_Click()
+void cmdTalk_Click(App& app)
 {
+    frmMain& f = *app.MainForm;
     if (ReadAnimationOn(app))
         app.LastRequest = app.Character->Play(QStringLiteral("Read"));
-    SayText(app, RemoveIgnored(app, txtText->toPlainText()), false);
+    SayText(app, RemoveIgnored(app, f.txtText->toPlainText()), false);
     if (ReadAnimationOn(app))
         app.LastRequest = app.Character->Play(QStringLiteral("ReadReturn"));
-    txtText->setFocus();
+    f.txtText->setFocus();
 }
 
-void frmMain::Read_Click()
+void Read_Click(App& app)
 {
     if (ReadAnimationOn(app))
         app.LastRequest = app.Character->Play(QStringLiteral("Read"));
     SayText(app, RemoveIgnored(app, app.P.clipboard.Text()), false);
 }
 
-void frmMain::chkIgnore_Click()
+void chkIgnore_Click(App& app)
 {
-    const bool on = chkIgnore->isChecked();
-    txtIgnore->setEnabled(on);
-    txtIgnore1->setEnabled(on);
+    frmMain& f = *app.MainForm;
+    const bool on = f.chkIgnore->isChecked();
+    f.txtIgnore->setEnabled(on);
+    f.txtIgnore1->setEnabled(on);
+}
+
+void Agent1_Click(App& app, const QString& characterId, int button)
+{
+    if (characterId != CharacterId)
+        return;
+    if (button == LeftButton) {
+        if (Conversions::Val(app.Settings.ReadText(QStringLiteral("Click1"))) == 1)
+            Read_Click(app);
+    } else if (button == RightButton) {
+        if (Conversions::Val(app.Settings.ReadText(QStringLiteral("Click"))) == 1 &&
+            ReadingActive(app) && app.MainForm->cmdCont->isEnabled())
+            cmdCont_Click(app);
+    }
 }

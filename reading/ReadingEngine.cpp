@@ -1,8 +1,8 @@
+#include "reading/ReadingEngine.h"
+
 #include "character/SayText.h"
 #include "core/App.h"
-#include "core/Controls.h"
-#include "core/Conversions.h"
-#include "core/Main.h"
+#include "core/ReadingState.h"
 #include "core/ReportError.h"
 #include "core/frmMain.h"
 #include "reading/ReadAnimation.h"
@@ -20,12 +20,9 @@
 namespace
 {
 
-// Timer events can arrive while a tick lets the event queue run; a tick never starts inside
-// another.
-bool TickRunning = false;
-
 // A file reading is sized one unit beyond its bytes; a long text gets a wider margin.
 constexpr int FileProgressMargin = 1;
+constexpr int LongTextProgressMargin = 10;
 
 // The line in hand holds nothing but spaces, counting the segments of a long line that are
 // still in the file.
@@ -57,7 +54,7 @@ void FeedFromFile(App& app)
 {
     frmMain& f = *app.MainForm;
     TextFile& file = app.ReadingFile;
-    if (f.Splitting == 0 && Conversions::Val(Tag(f.cmdNext)) == 0 && !file.atEnd())
+    if (f.Splitting == 0 && !f.NextLineTaken() && !file.atEnd())
         app.LineBuffer = file.readLine();
     while (LineBlank(app) && !file.atEnd()) {
         app.LineBuffer = file.readLine();
@@ -75,7 +72,7 @@ void FeedFromFile(App& app)
     AdvanceProgress(app);
     f.txtText->setPlainText(f.ChunkText);
     SayText(app, RemoveIgnored(app, f.ChunkText), false);
-    setTag(f.cmdNext, QStringLiteral("0"));
+    f.setNextLineTaken(false);
     f.ChunkText.clear();
 }
 
@@ -89,13 +86,15 @@ void EndReadingAtItsEnd(App& app)
     const bool done =
         app.ReadingClip ? app.LineBuffer.isEmpty() : app.ReadingFile.atEnd() && f.Splitting == 0;
     if (done)
-        f.cmdStop_Click();
+        cmdStop_Click(app);
 }
 
 } // namespace
 
-void frmMain::mnuFileRead_Click()
+void mnuFileRead_Click(App& app)
 {
+    frmMain& f = *app.MainForm;
+    QString& ReadFileName = f.ReadFileName;
     platform::OpenFileRequest request;
     request.filter = QStringLiteral("Text Files (*.txt) |*.txt|All Files (*.*) |*.*");
     request.title = QStringLiteral("Open Text File to Read..");
@@ -103,41 +102,41 @@ void frmMain::mnuFileRead_Click()
     ReadFileName.clear();
     ReadFileName = app.P.dialogs.OpenFile(request);
     if (ReadFileName.isEmpty()) {
-        mnuFileOptions->setEnabled(true);
-        cmdOptions->setEnabled(true);
-        mnuQuorlApp->setEnabled(true);
+        f.mnuFileOptions->setEnabled(true);
+        f.cmdOptions->setEnabled(true);
+        f.mnuQuorlApp->setEnabled(true);
         return;
     }
     try {
         app.ReadingFile.open(ReadFileName);
         ScaleProgress(app, app.ReadingFile.size(), FileProgressMargin);
         app.ProgressPos = 0.0f;
-        ProgressBar1->setValue(0);
+        f.ProgressBar1->setValue(0);
         app.LineBuffer.clear();
-        ChunkText.clear();
-        Splitting = 0;
-        setTag(cmdNext, QStringLiteral("0"));
+        f.ChunkText.clear();
+        f.Splitting = 0;
+        f.setNextLineTaken(false);
         if (ReadAnimationOn(app))
             app.LastRequest = app.Character->Play(QStringLiteral("Read"));
         if (!app.Character->Visible())
             app.LastRequest = app.Character->Show();
-        Timer2->start();
-        setTag(mnuFileRead, QStringLiteral("1"));
-        setWindowTitle(QStringLiteral("Quorl - Reading ") + ReadFileName);
+        f.Timer2->start();
+        f.setFileReadingOn(true);
+        f.setWindowTitle(QStringLiteral("Quorl - Reading ") + ReadFileName);
     } catch (const platform::RuntimeError& error) {
         app.P.dialogs.MsgBox(platform::BoxIcon::Critical, platform::BoxButtons::OK,
                              QStringLiteral("File Error"), error.Description);
-        setTag(mnuFileRead, QStringLiteral("0"));
+        f.setFileReadingOn(false);
         app.ReadingFile.close();
     }
 }
 
-void frmMain::Timer2_Timer()
+void Timer2_Timer(App& app)
 {
-    if (TickRunning)
+    if (app.TickRunning)
         return;
-    TickRunning = true;
-    const auto tickEnded = qScopeGuard([] { TickRunning = false; });
+    app.TickRunning = true;
+    const auto tickEnded = qScopeGuard([&app] { app.TickRunning = false; });
     try {
         using platform::AgentRequest;
         const int status = app.LastRequest ? app.LastRequest->Status() : AgentRequest::Complete;
@@ -154,16 +153,28 @@ void frmMain::Timer2_Timer()
     }
 }
 
-void frmMain::cmdStop_Click()
+void cmdStop_Click(App& app)
 {
+    frmMain& f = *app.MainForm;
     if (ReadAnimationOn(app))
         app.LastRequest = app.Character->Play(QStringLiteral("ReadReturn"));
     if (!app.ReadingClip)
         app.ReadingFile.close();
-    ProgressBar1->setValue(0);
-    Timer2->stop();
-    setTag(mnuFileRead, QStringLiteral("0"));
+    f.ProgressBar1->setValue(0);
+    f.Timer2->stop();
+    f.setFileReadingOn(false);
     app.ReadingClip = false;
     UpdateReadingControls(app);
-    setWindowTitle(QStringLiteral("Quorl"));
+    f.setWindowTitle(QStringLiteral("Quorl"));
+}
+
+void StartPiecewiseReading(App& app, const QString& Text)
+{
+    frmMain& f = *app.MainForm;
+    ScaleProgress(app, Text.size(), LongTextProgressMargin);
+    app.ProgressPos = 0.0f;
+    f.setWindowTitle(QStringLiteral("Quorl - Reading From Clip Board"));
+    app.ReadingClip = true;
+    app.LineBuffer = Text;
+    f.Timer2->start();
 }

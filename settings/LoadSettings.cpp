@@ -2,12 +2,14 @@
 
 #include "character/ApplyVoiceDefaults.h"
 #include "character/LoadCharacter.h"
+#include "character/VoicePanel.h"
 #include "character/VoiceTags.h"
 #include "core/App.h"
 #include "core/Conversions.h"
+#include "core/MainWindow.h"
+#include "core/OnTop.h"
 #include "core/ReportError.h"
 #include "core/frmMain.h"
-#include "settings/OnTop.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -78,7 +80,7 @@ void LoadWindowSettings(App& app)
                 // The routine turns the mark over, so it is set to the opposite first.
                 f.mnuViewVoice->setChecked(s.Get(QStringLiteral("ViewVoiceSettings"), True) !=
                                            True);
-                f.mnuViewVoice_Click();
+                mnuViewVoice_Click(app);
             },
             [&] {
                 f.chkWhisper->setChecked(
@@ -124,7 +126,7 @@ void LoadCharacterSettings(App& app)
                                             "select a character to be used."));
                  },
                  [&] { LoadCharacter(app, true, file, false); },
-                 [&] { f.CreateIcon(); },
+                 [&] { CreateIcon(app); },
                  [&] { app.ModalOpen = 0; },
                  [&] { LoadSlider(app, QStringLiteral("Pitch"), f.sdrPitch); },
                  [&] { LoadSlider(app, QStringLiteral("Speed"), f.sdrSpeed); },

@@ -1,6 +1,6 @@
 #include "apps/AppsFile.h"
 
-#include "apps/ReplaceFile.h"
+#include "core/ReplaceFile.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>

@@ -1,3 +1,5 @@
+#include "character/CharacterEvents.h"
+
 #include "character/CharacterFixture.h"
 #include "core/Controls.h"
 
@@ -83,9 +85,9 @@ TEST_F(CharacterEventsTest, ShowingOutsideAReadingPlaysNothing)
 
 TEST_F(CharacterEventsTest, ShowButtonAsksForTheOppositeState)
 {
-    form().cmdShow_Click();
+    cmdShow_Click(app);
     character().visible = false;
-    form().cmdShow_Click();
+    cmdShow_Click(app);
     EXPECT_EQ(fp.agent->calls, (QStringList{QStringLiteral("Hide()"), QStringLiteral("Show(0)")}));
     EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
     EXPECT_EQ(form().cmdShow->text(), QStringLiteral("&Show")) << "the caption waits for the event";
@@ -94,7 +96,7 @@ TEST_F(CharacterEventsTest, ShowButtonAsksForTheOppositeState)
 TEST_F(CharacterEventsTest, ShowButtonWhileTheBalloonIsUpOnlyExplains)
 {
     character().balloon.visible = true;
-    form().cmdShow_Click();
+    cmdShow_Click(app);
     EXPECT_TRUE(fp.agent->calls.isEmpty());
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Information);

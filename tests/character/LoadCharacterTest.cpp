@@ -1,6 +1,7 @@
 #include "character/LoadCharacter.h"
 
 #include "fakes/LoadedProgram.h"
+#include "startup/Wiring.h"
 
 #include <QPushButton>
 #include <QSlider>
@@ -105,6 +106,7 @@ TEST_F(LoadCharacterTest, PositionStaysInsideTheScreen)
         App app(fp.platform);
         app.Agent1 = fp.platform.createAgent();
         app.MainForm = std::make_unique<frmMain>(app);
+        WireProgram(app);
         if (c.x)
             fp.store.setValue(QStringLiteral("X"), *c.x);
         if (c.y)

@@ -1,3 +1,5 @@
+#include "character/VoicePanel.h"
+
 #include "character/ApplyVoiceDefaults.h"
 #include "character/CharacterFixture.h"
 
@@ -21,7 +23,7 @@ TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceAndTheTopVolume)
     form().sdrVolume->setValue(10);
     character().pitch = 95;
     character().speed = 170;
-    form().cmdDefaults_Click();
+    cmdDefaults_Click(app);
     EXPECT_EQ(form().sdrPitch->value(), 95);
     EXPECT_EQ(form().sdrSpeed->value(), 170);
     EXPECT_EQ(form().sdrVolume->value(), 65535);
@@ -58,7 +60,7 @@ TEST_F(VoicePanelTest, ViewMenuFlipsThePanelAndTheWidth)
 {
     form().show();
     form().mnuViewVoice->setChecked(true);
-    form().mnuViewVoice_Click();
+    mnuViewVoice_Click(app);
     EXPECT_FALSE(form().mnuViewVoice->isChecked());
     EXPECT_EQ(form().WidthTwips(), 4800);
     for (QWidget* w :
@@ -66,7 +68,7 @@ TEST_F(VoicePanelTest, ViewMenuFlipsThePanelAndTheWidth)
           static_cast<QWidget*>(form().sdrSpeed), static_cast<QWidget*>(form().sdrVolume),
           static_cast<QWidget*>(form().cmdDefaults)})
         EXPECT_TRUE(w->isHidden());
-    form().mnuViewVoice_Click();
+    mnuViewVoice_Click(app);
     EXPECT_TRUE(form().mnuViewVoice->isChecked());
     EXPECT_EQ(form().WidthTwips(), 8310);
     EXPECT_FALSE(form().Frame1->isHidden());

@@ -97,10 +97,10 @@ TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
 
         EXPECT_TRUE(app.ConfirmPending);
         ASSERT_TRUE(app.ShutForm);
-        EXPECT_EQ(app.ShutForm->Label1->text(), c.label);
-        EXPECT_EQ(Tag(app.ShutForm.get()), c.tag);
-        EXPECT_TRUE(app.ShutForm->isVisible());
-        EXPECT_EQ(app.ShutForm->windowTitle(), QStringLiteral("Shut Down Windows"));
+        EXPECT_EQ(ShutForm(app)->Label1->text(), c.label);
+        EXPECT_EQ(Tag(ShutForm(app)), c.tag);
+        EXPECT_TRUE(ShutForm(app)->isVisible());
+        EXPECT_EQ(ShutForm(app)->windowTitle(), QStringLiteral("Shut Down Windows"));
         EXPECT_TRUE(lastSpoken().contains(c.question));
         // The question is queued first, then No and Yes can be said; never picked.
         const QStringList tail = fp.agent->calls.mid(fp.agent->calls.size() - 3);
@@ -118,18 +118,18 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
 {
     command("Shut");
     ASSERT_TRUE(app.ShutForm);
-    const frmShut* first = app.ShutForm.get();
-    EXPECT_TRUE(app.ShutForm->WasVisible);
+    const frmShut* first = ShutForm(app);
+    EXPECT_TRUE(ShutForm(app)->WasVisible);
     EXPECT_FALSE(app.MainForm->isVisible());
 
     command("Restart");
 
-    EXPECT_EQ(app.ShutForm.get(), first);
-    EXPECT_EQ(app.ShutForm->Label1->text(), QStringLiteral("Restart"));
-    EXPECT_EQ(Tag(app.ShutForm.get()), QStringLiteral("2"));
+    EXPECT_EQ(ShutForm(app), first);
+    EXPECT_EQ(ShutForm(app)->Label1->text(), QStringLiteral("Restart"));
+    EXPECT_EQ(Tag(ShutForm(app)), QStringLiteral("2"));
     EXPECT_TRUE(lastSpoken().contains("Are you sure you want to restart?"));
     // A second Form_Load would have seen the main window hidden.
-    EXPECT_TRUE(app.ShutForm->WasVisible);
+    EXPECT_TRUE(ShutForm(app)->WasVisible);
     EXPECT_EQ(fp.agent->callsStartingWith("Commands.Visible=0").size(), 1);
 
     fp.power.onCall = [&] { EXPECT_EQ(fp.process.ends, 0); };

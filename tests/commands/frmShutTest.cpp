@@ -71,13 +71,13 @@ TEST_F(frmShutTest, LoadingTakesOverTheMainWindowAndUnloadingGivesItBack)
         app.OnTop = c.topMost;
 
         ask("1");
-        EXPECT_EQ(app.ShutForm->WasVisible, c.mainVisible);
+        EXPECT_EQ(ShutForm(app)->WasVisible, c.mainVisible);
         EXPECT_FALSE(app.MainForm->isVisible());
         EXPECT_FALSE(app.OnTop);
         EXPECT_EQ(app.ModalOpen, 1);
         EXPECT_FALSE(character().Commands().Visible());
 
-        app.ShutForm->cmdNo_Click();
+        ShutForm(app)->cmdNo_Click();
         // Putting the window back on top also shows it, hidden or not.
         EXPECT_EQ(app.MainForm->isVisible(), c.mainVisible || c.topMost);
         EXPECT_EQ(app.OnTop, c.topMost);
@@ -117,7 +117,7 @@ TEST_F(frmShutTest, YesAsksThePlatformFirstAndThenClosesTheProgram)
             EXPECT_TRUE(fp.store.writes.isEmpty());
         };
 
-        EXPECT_THROW(app.ShutForm->cmdYes->click(), ProgramEnded);
+        EXPECT_THROW(ShutForm(app)->cmdYes->click(), ProgramEnded);
 
         EXPECT_EQ(fp.power.calls, c.power);
         EXPECT_FALSE(app.ShutForm);

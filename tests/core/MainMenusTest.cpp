@@ -1,3 +1,4 @@
+#include "core/MainWindow.h"
 #include "fakes/LoadedProgram.h"
 #include "info/frmSplash.h"
 
@@ -40,7 +41,7 @@ TEST_F(MainMenusTest, SplashFromTheMenuWaitsForAClick)
 TEST_F(MainMenusTest, UnderscoreButtonHidesTheWindowAndTheTrayBringsItBack)
 {
     app.MainForm->show();
-    app.MainForm->CreateIcon();
+    CreateIcon(app);
     app.MainForm->Command1->click();
     EXPECT_FALSE(app.MainForm->isVisible());
     app.ModalOpen = 1;

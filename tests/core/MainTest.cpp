@@ -1,4 +1,4 @@
-#include "core/Main.h"
+#include "startup/Main.h"
 
 #include "core/App.h"
 #include "core/frmMain.h"

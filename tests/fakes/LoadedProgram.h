@@ -3,6 +3,7 @@
 #include "core/App.h"
 #include "core/frmMain.h"
 #include "fakes/FakePlatform.h"
+#include "startup/Wiring.h"
 
 #include <memory>
 
@@ -15,7 +16,7 @@ struct ProgramWindow {
     {
         app.Agent1 = fp.platform.createAgent();
         app.MainForm = std::make_unique<frmMain>(app);
-        app.Agent1->setEventSink(app.MainForm.get());
+        WireProgram(app);
     }
 
     frmMain& form() { return *app.MainForm; }

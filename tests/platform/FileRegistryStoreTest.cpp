@@ -1,6 +1,6 @@
 #include "platform/linux/FileRegistryStore.h"
 
-#include "settings/RegFunctions.h"
+#include "core/RegFunctions.h"
 
 #include <QDir>
 #include <QFile>

@@ -18,7 +18,7 @@ struct ReadingControlsTest : ReadingFixture, ::testing::Test {
     void readFirstLine(const QByteArray& bytes)
     {
         readFile(bytes);
-        form().Timer2_Timer();
+        Timer2_Timer(app);
         fp.agent->lastRequest()->status = AgentRequest::InProgress;
     }
     void finishSpeech() { fp.agent->lastRequest()->status = AgentRequest::Complete; }
@@ -46,40 +46,40 @@ TEST_F(ReadingControlsTest, PauseAndContinueCaptions)
         const QString reading = c.clip ? c.reading : c.reading + form().ReadFileName;
         const platform::Request waitedFor = app.LastRequest;
 
-        form().cmdCont_Click();
+        cmdCont_Click(app);
         EXPECT_FALSE(form().Timer2->isActive()) << c.name;
         EXPECT_EQ(form().cmdCont->text(), QStringLiteral("&Continue")) << c.name;
         EXPECT_EQ(form().windowTitle(), reading + QStringLiteral(" (Paused)")) << c.name;
 
         fp.agent->calls.clear();
-        form().cmdCont_Click();
+        cmdCont_Click(app);
         EXPECT_TRUE(form().Timer2->isActive()) << c.name;
         EXPECT_EQ(form().cmdCont->text(), QStringLiteral("&Pause")) << c.name;
         EXPECT_EQ(form().windowTitle(), reading) << c.name;
         EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)"})) << c.name;
         EXPECT_EQ(app.LastRequest, waitedFor) << c.name << ": the animation's request is kept";
-        form().cmdStop_Click();
+        cmdStop_Click(app);
     }
 }
 
 TEST_F(ReadingControlsTest, PauseLetsThePieceEndAndFeedsNoMore)
 {
     readFirstLine("one\ntwo\n");
-    form().cmdCont_Click();
+    cmdCont_Click(app);
     finishSpeech();
     EXPECT_EQ(spoken(), QStringList({"one"}));
-    form().cmdCont_Click();
-    form().Timer2_Timer();
+    cmdCont_Click(app);
+    Timer2_Timer(app);
     EXPECT_EQ(spoken(), QStringList({"one", "two"}));
 }
 
 TEST_F(ReadingControlsTest, NextOntoTheLastLineDuringSpeech)
 {
     readFirstLine("one\ntwo\n");
-    form().cmdNext_Click();
+    cmdNext_Click(app);
     EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("two"));
     EXPECT_EQ(Tag(form().cmdNext), QStringLiteral("1"));
-    form().Timer2_Timer();
+    Timer2_Timer(app);
     EXPECT_FALSE(form().Timer2->isActive()) << "the reading ends on the next tick";
     EXPECT_EQ(spoken(), QStringList({"one"}));
 }
@@ -87,11 +87,11 @@ TEST_F(ReadingControlsTest, NextOntoTheLastLineDuringSpeech)
 TEST_F(ReadingControlsTest, NextOntoTheLastLineWhilePaused)
 {
     readFirstLine("one\ntwo\n");
-    form().cmdCont_Click();
-    form().cmdNext_Click();
+    cmdCont_Click(app);
+    cmdNext_Click(app);
     finishSpeech();
-    form().cmdCont_Click();
-    form().Timer2_Timer();
+    cmdCont_Click(app);
+    Timer2_Timer(app);
     EXPECT_EQ(spoken(), QStringList({"one", "two"}));
     EXPECT_FALSE(form().Timer2->isActive());
 }
@@ -99,19 +99,19 @@ TEST_F(ReadingControlsTest, NextOntoTheLastLineWhilePaused)
 TEST_F(ReadingControlsTest, EachNextSkipsOneLineAndEmptyLines)
 {
     readFirstLine("one\ntwo\n\n\nfour\nfive\n");
-    form().cmdNext_Click();
-    form().cmdNext_Click();
+    cmdNext_Click(app);
+    cmdNext_Click(app);
     EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("four"));
     finishSpeech();
-    form().Timer2_Timer();
-    form().Timer2_Timer();
+    Timer2_Timer(app);
+    Timer2_Timer(app);
     EXPECT_EQ(spoken(), QStringList({"one", "four", "five"}));
 }
 
 TEST_F(ReadingControlsTest, NextDuringALongLineDropsItsRest)
 {
     readFirstLine(QByteArray(500, 'a') + "\nnext\n");
-    form().cmdNext_Click();
+    cmdNext_Click(app);
     finishSpeech();
     tickToEnd();
     EXPECT_EQ(spoken(), QStringList({QString(200, QLatin1Char('a')), "next"}));
@@ -120,8 +120,8 @@ TEST_F(ReadingControlsTest, NextDuringALongLineDropsItsRest)
 TEST_F(ReadingControlsTest, NextAtTheEndOfTheFile)
 {
     readFirstLine("one\ntwo\n");
-    form().cmdNext_Click();
-    form().cmdNext_Click();
+    cmdNext_Click(app);
+    cmdNext_Click(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
     EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Finished Reading"));
@@ -148,7 +148,7 @@ TEST_F(ReadingControlsTest, TalkReadsTheTextBox)
         fp.agent->calls.clear();
         app.AnimateRead = c.animate;
         form().txtText->setPlainText(c.text);
-        form().cmdTalk_Click();
+        cmdTalk_Click(app);
         EXPECT_EQ(fp.agent->calls, c.calls) << c.name;
         EXPECT_EQ(app.LastRequest, fp.agent->lastRequest()) << c.name;
     }
@@ -157,7 +157,7 @@ TEST_F(ReadingControlsTest, TalkReadsTheTextBox)
 TEST_F(ReadingControlsTest, LongTextBoxBecomesAClipboardReading)
 {
     form().txtText->setPlainText(QString(201, QLatin1Char('y')));
-    form().cmdTalk_Click();
+    cmdTalk_Click(app);
     EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading From Clip Board"));
     EXPECT_TRUE(app.ReadingClip);
     EXPECT_FALSE(form().cmdNext->isEnabled());
@@ -180,7 +180,7 @@ TEST_F(ReadingControlsTest, ReadFromClipboard)
     for (const Case& c : cases) {
         fp.agent->calls.clear();
         fp.clipboard.text = c.clipboard;
-        form().Read_Click();
+        Read_Click(app);
         EXPECT_EQ(spoken(), c.spoken) << c.name;
     }
 }
@@ -189,7 +189,7 @@ TEST_F(ReadingControlsTest, IgnoreBoxFollowsItsCheckBox)
 {
     for (const bool on : {true, false}) {
         form().chkIgnore->setChecked(on);
-        form().chkIgnore_Click();
+        chkIgnore_Click(app);
         EXPECT_EQ(form().txtIgnore->isEnabled(), on);
         EXPECT_EQ(form().txtIgnore1->isEnabled(), on);
     }

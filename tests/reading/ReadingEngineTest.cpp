@@ -46,7 +46,7 @@ TEST_F(ReadingEngineTest, CancelledDialogFreesTheOptions)
     form().cmdOptions->setEnabled(false);
     form().mnuFileOptions->setEnabled(false);
     form().mnuQuorlApp->setEnabled(false);
-    form().mnuFileRead_Click();
+    mnuFileRead_Click(app);
     EXPECT_TRUE(form().cmdOptions->isEnabled());
     EXPECT_TRUE(form().mnuFileOptions->isEnabled());
     EXPECT_TRUE(form().mnuQuorlApp->isEnabled());
@@ -57,7 +57,7 @@ TEST_F(ReadingEngineTest, CancelledDialogFreesTheOptions)
 TEST_F(ReadingEngineTest, FileThatCannotBeOpened)
 {
     fp.dialogs.files.push_back(dir.filePath(QStringLiteral("gone.txt")));
-    form().mnuFileRead_Click();
+    mnuFileRead_Click(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Critical);
     EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("File Error"));
@@ -84,7 +84,7 @@ TEST_F(ReadingEngineTest, OneLineFileEndsOnTheTickThatSpeaksIt)
 {
     app.AnimateRead = QStringLiteral("1");
     readFile("Hello there.\r\n");
-    form().Timer2_Timer();
+    Timer2_Timer(app);
     EXPECT_EQ(spoken(), QStringList({"Hello there."}));
     EXPECT_TRUE(idle());
     EXPECT_EQ(fp.agent->calls.back(), QStringLiteral("Play(ReadReturn)"));
@@ -147,11 +147,11 @@ TEST_F(ReadingEngineTest, TickWaitsForTheLastRequest)
         fp.agent->calls.clear();
         app.LastRequest.reset();
         readFile("one\ntwo\n");
-        form().Timer2_Timer();
+        Timer2_Timer(app);
         fp.agent->lastRequest()->status = c.status;
-        form().Timer2_Timer();
+        Timer2_Timer(app);
         EXPECT_EQ(spoken().size(), c.feeds ? 2 : 1) << c.status;
-        form().cmdStop_Click();
+        cmdStop_Click(app);
     }
 }
 
@@ -191,10 +191,10 @@ TEST_F(ReadingEngineTest, HugeLineWithoutSpaces)
 TEST_F(ReadingEngineTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
 {
     readFile(QByteArray(1000, 'a') + "\nold second\n", QStringLiteral("old.txt"));
-    form().Timer2_Timer();
-    form().Timer2_Timer();
+    Timer2_Timer(app);
+    Timer2_Timer(app);
     EXPECT_EQ(form().Splitting, 1);
-    form().cmdStop_Click();
+    cmdStop_Click(app);
     EXPECT_TRUE(idle());
 
     fp.agent->calls.clear();
@@ -214,7 +214,7 @@ TEST_F(ReadingEngineTest, ProgressOfALargeFileStaysWithinTheBar)
     EXPECT_FLOAT_EQ(app.ProgressScale, 0.8175f);
     int highest = 0;
     while (form().Timer2->isActive()) {
-        form().Timer2_Timer();
+        Timer2_Timer(app);
         highest = std::max(highest, form().ProgressBar1->value());
     }
     // Line ends are not counted, so the bar ends short of its maximum.
@@ -234,7 +234,7 @@ TEST_F(ReadingEngineTest, LongTextIsReadInPiecesWithItsOwnMargin)
     EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading From Clip Board"));
     int highest = 0;
     while (form().Timer2->isActive()) {
-        form().Timer2_Timer();
+        Timer2_Timer(app);
         highest = std::max(highest, form().ProgressBar1->value());
         EXPECT_EQ(form().txtText->toPlainText(), spoken().back());
     }
@@ -252,7 +252,7 @@ TEST_F(ReadingEngineTest, FailingTickIsReportedAndTheTimerRunsOn)
     fp.agent->failCalls(QStringLiteral("Speak("),
                         platform::RuntimeError(-2147024809, platform::AgentSource,
                                                QStringLiteral("The parameter is incorrect.")));
-    form().Timer2_Timer();
+    Timer2_Timer(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Unknown Error"));
     EXPECT_TRUE(fp.dialogs.boxes[0].text.contains(QStringLiteral("( 2 ) -2147024809")))
@@ -266,13 +266,13 @@ TEST_F(ReadingEngineTest, EventsDuringATick)
     app.AnimateRead = QStringLiteral("1");
     readFile(QByteArray(1000, 'a') + "\nsecond\n");
     QMetaObject::invokeMethod(
-        &form(), [this] { form().Timer2_Timer(); }, Qt::QueuedConnection);
-    form().Timer2_Timer();
+        &form(), [this] { Timer2_Timer(app); }, Qt::QueuedConnection);
+    Timer2_Timer(app);
     EXPECT_EQ(spoken().size(), 1) << "a tick ran inside another";
 
     QMetaObject::invokeMethod(
-        &form(), [this] { form().cmdStop_Click(); }, Qt::QueuedConnection);
-    form().Timer2_Timer();
+        &form(), [this] { cmdStop_Click(app); }, Qt::QueuedConnection);
+    Timer2_Timer(app);
     EXPECT_TRUE(idle());
     EXPECT_EQ(spoken().size(), 2) << "the piece cut when Stop came still goes out";
     EXPECT_EQ(fp.agent->calls.filter(QStringLiteral("ReadReturn")).size(), 1);

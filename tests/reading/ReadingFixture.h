@@ -1,6 +1,8 @@
 #pragma once
 
 #include "fakes/LoadedProgram.h"
+#include "reading/ReadingControls.h"
+#include "reading/ReadingEngine.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -29,7 +31,7 @@ struct ReadingFixture : fakes::LoadedProgram {
     void readFile(const QByteArray& bytes, const QString& name = QStringLiteral("text.txt"))
     {
         fp.dialogs.files.push_back(writeFile(bytes, name));
-        form().mnuFileRead_Click();
+        mnuFileRead_Click(app);
     }
 
     // The texts spoken, without the character tag in front.
@@ -46,7 +48,7 @@ struct ReadingFixture : fakes::LoadedProgram {
     {
         int ticks = 0;
         while (form().Timer2->isActive() && ticks < limit) {
-            form().Timer2_Timer();
+            Timer2_Timer(app);
             ++ticks;
         }
         return ticks;

@@ -2,9 +2,10 @@
 
 #include "core/App.h"
 #include "core/Conversions.h"
-#include "core/Main.h"
 #include "core/frmMain.h"
 #include "fakes/FakePlatform.h"
+#include "startup/Main.h"
+#include "startup/Wiring.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -37,7 +38,7 @@ struct SettingsRun {
         app.AppPath = QStringLiteral("/data/quorl");
         app.Agent1 = fp.platform.createAgent();
         app.MainForm = std::make_unique<frmMain>(app);
-        app.Agent1->setEventSink(app.MainForm.get());
+        WireProgram(app);
         LoadSettings(app);
     }
 

@@ -1,4 +1,4 @@
-#include "reading/TextFile.h"
+#include "core/TextFile.h"
 
 #include "platform/RuntimeError.h"
 

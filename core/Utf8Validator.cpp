@@ -1,4 +1,4 @@
-#include "reading/Utf8Validator.h"
+#include "core/Utf8Validator.h"
 
 void Utf8Validator::feed(const char* data, std::size_t size)
 {

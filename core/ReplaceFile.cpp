@@ -1,6 +1,6 @@
-#include "apps/ReplaceFile.h"
+#include "core/ReplaceFile.h"
 
-#include "apps/FileErrors.h"
+#include "core/FileErrors.h"
 
 #include <QSaveFile>
 

@@ -1,4 +1,4 @@
-#include "reading/Utf8Validator.h"
+#include "core/Utf8Validator.h"
 
 #include <QByteArray>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "reading/LineText.h"
+#include "core/LineText.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "apps/Cp1252.h"
+#include "core/Cp1252.h"
 
 #include <gtest/gtest.h>
 

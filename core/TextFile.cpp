@@ -1,8 +1,8 @@
-#include "reading/TextFile.h"
+#include "core/TextFile.h"
 
+#include "core/Cp1252.h"
+#include "core/Utf8Validator.h"
 #include "platform/RuntimeError.h"
-#include "reading/Utf8Validator.h"
-#include "reading/Windows1252.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -146,5 +146,5 @@ QString TextFile::takeSegment()
 
 QString TextFile::decode(const char* data, qint64 size) const
 {
-    return utf8_ ? QString::fromUtf8(data, size) : DecodeWindows1252(QByteArrayView(data, size));
+    return utf8_ ? QString::fromUtf8(data, size) : Cp1252::Decode(QByteArrayView(data, size));
 }

@@ -8,9 +8,3 @@ struct App;
 void Main(App& app);
 
 void CheckSpeechEngines(App& app);
-
-// Enables the reading controls by whether a reading is active.
-void UpdateReadingControls(App& app);
-
-// Whether a file or a long text is being read.
-bool ReadingActive(const App& app);

@@ -1,4 +1,4 @@
-#include "apps/Cp1252.h"
+#include "core/Cp1252.h"
 
 #include <QList>
 #include <array>
@@ -37,13 +37,14 @@ QByteArray Encode(const QString& text)
     return bytes;
 }
 
-QString Decode(const QByteArray& bytes)
+QString Decode(QByteArrayView bytes)
 {
-    QString text;
-    text.reserve(bytes.size());
+    // Filled in place: whole text files of many megabytes pass through here.
+    QString text(bytes.size(), Qt::Uninitialized);
+    QChar* out = text.data();
     for (const char byte : bytes) {
         const auto b = static_cast<unsigned char>(byte);
-        text.append(b >= 0x80 && b < 0xA0 ? QChar(HighControls[b - 0x80]) : QChar(b));
+        *out++ = (b >= 0x80 && b < 0xA0) ? QChar(HighControls[b - 0x80]) : QChar(b);
     }
     return text;
 }

@@ -1,18 +1,17 @@
-#include "core/Main.h"
+#include "startup/Main.h"
 
 #include "apps/LoadApps.h"
 #include "clock/Greet.h"
 #include "core/App.h"
 #include "core/AppPath.h"
-#include "core/Controls.h"
 #include "core/Conversions.h"
+#include "core/ReadingState.h"
 #include "core/ReportError.h"
 #include "core/frmMain.h"
+#include "info/frmSplash.h"
 #include "notes/LoadNotes.h"
 #include "settings/LoadSettings.h"
-
-#include <QAction>
-#include <QPushButton>
+#include "startup/Wiring.h"
 
 using platform::BoxButtons;
 using platform::BoxIcon;
@@ -29,12 +28,21 @@ void MigrateSettings(App& app)
     }
 }
 
+// The window's own load: the splash window, which start-up waits for.
+void Form_Load(App& app)
+{
+    if (Conversions::Val(app.Settings.Get(QStringLiteral("Splash"), QStringLiteral("1"))) == 1) {
+        frmSplash splash(app);
+        app.P.showModal(splash);
+    }
+}
+
 void LoadMainForm(App& app)
 {
     app.Agent1 = app.P.createAgent();
     app.MainForm = std::make_unique<frmMain>(app);
-    app.Agent1->setEventSink(app.MainForm.get());
-    app.MainForm->Form_Load();
+    WireProgram(app);
+    Form_Load(app);
 }
 
 } // namespace
@@ -113,32 +121,4 @@ void CheckSpeechEngines(App& app)
                                    "will not work."));
             },
         });
-}
-
-bool ReadingActive(const App& app)
-{
-    return Conversions::Val(Tag(app.MainForm->mnuFileRead)) == 1 || app.ReadingClip;
-}
-
-void UpdateReadingControls(App& app)
-{
-    frmMain& f = *app.MainForm;
-    const bool reading = ReadingActive(app);
-    RunSteps(app, false, 13.0f,
-             {
-                 [&] { f.mnuFileOptions->setEnabled(!reading); },
-                 [&] { f.cmdOptions->setEnabled(!reading); },
-                 [&] { f.mnuQuorlApp->setEnabled(!reading); },
-                 [&] { f.cmdStop->setEnabled(reading); },
-                 [&] {
-                     if (!reading)
-                         f.cmdNext->setEnabled(false);
-                     else if (!app.ReadingClip)
-                         f.cmdNext->setEnabled(true);
-                 },
-                 [&] { f.cmdCont->setEnabled(reading); },
-                 [&] { f.cmdShow->setEnabled(!reading); },
-                 [&] { f.mnuFileRead->setEnabled(!reading); },
-                 [&] { f.Read->setEnabled(!reading); },
-             });
 }

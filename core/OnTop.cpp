@@ -1,4 +1,4 @@
-#include "settings/OnTop.h"
+#include "core/OnTop.h"
 
 #include "core/App.h"
 #include "core/frmMain.h"

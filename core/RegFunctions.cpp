@@ -1,4 +1,4 @@
-#include "settings/RegFunctions.h"
+#include "core/RegFunctions.h"
 
 #include <QtEndian>
 

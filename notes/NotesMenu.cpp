@@ -1,3 +1,0 @@
-#include "core/frmMain.h"
-
-void frmMain::mnuQuorlReminders_Click() {}
