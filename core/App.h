@@ -67,6 +67,9 @@ struct App {
         // LoadCharacter (character/) rebuilds the command list (commands/, above it), whose
         // confirmations speak through the character.
         std::function<void()> SetVoiceCommands;
+        // The application window (apps/) opens the options dialog (settings/, above it), whose
+        // OK reloads the applications; empty until the dialog exists.
+        std::function<void(int tab)> ShowOptions;
     } Hooks;
 
     std::unique_ptr<frmMain> MainForm;
