@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/LineText.h"
+#include "core/NoteRow.h"
 #include "core/RegFunctions.h"
 #include "core/TextFile.h"
 #include "platform/Platform.h"
@@ -54,6 +55,9 @@ struct App {
 
     // Applications: slot 0 is never used.
     std::vector<QString> AppPaths = std::vector<QString>(1);
+
+    // Notes: one schedule row per record of Notes.cfg; row 0 always exists and is never read.
+    std::vector<NoteRow> NoteTable = std::vector<NoteRow>(1);
 
     // The main window's topmost state.
     bool OnTop = false;

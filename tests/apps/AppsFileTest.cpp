@@ -38,30 +38,6 @@ protected:
     QString name = AppsFilePath(dir.path());
 };
 
-TEST(AppRecordCountTest, RoundsToTheNearestWholeRecord)
-{
-    const std::pair<qint64, int> cases[] = {
-        {0, 0},
-        {1, 0},
-        {179, 0},
-        {180, 1},
-        {359, 1},
-        {538, 1},
-        {539, 2},
-        {718, 2},
-        {32767LL * 359, 32767},
-        {32767LL * 359 + 179, 32767},
-    };
-    for (const auto& [length, count] : cases)
-        EXPECT_EQ(AppRecordCount(length), count) << length;
-}
-
-TEST(AppRecordCountTest, MoreRecordsThanASixteenBitCountIsAnOverflow)
-{
-    EXPECT_THROW(AppRecordCount(32767LL * 359 + 180), platform::RuntimeError);
-    EXPECT_THROW(AppRecordCount(40000LL * 359), platform::RuntimeError);
-}
-
 TEST_F(AppsFileTest, TheFileIsInTheDataFolder)
 {
     EXPECT_EQ(AppsFilePath(QStringLiteral("/data/Quorl")), QStringLiteral("/data/Quorl/Apps.cfg"));
