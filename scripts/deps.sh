@@ -14,8 +14,8 @@ build_packages=(
 )
 run_packages=(xvfb xauth)
 test_packages=(
-    googletest libgtest-dev xvfb xauth pulseaudio sox flite python3-dbusmock dbus dbus-x11
-    imagemagick xdotool
+    googletest libgtest-dev libbenchmark-dev xvfb xauth pulseaudio sox flite python3
+    python3-dbusmock dbus dbus-x11 imagemagick xdotool
 )
 
 packages=("${build_packages[@]}")

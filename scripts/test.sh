@@ -4,6 +4,8 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${QUORL_BUILD_DIR:-$root/build}
 "$root/scripts/deps.sh" test
-"$root/scripts/build.sh" -DQUORL_BUILD_TESTS=ON
+# The folders must link downward only; this prints their include graph and fails on a cycle.
+python3 "$root/scripts/include-graph.py"
+"$root/scripts/build.sh" -DQUORL_BUILD_TESTS=ON -DQUORL_WARNINGS_AS_ERRORS=ON
 cd "$build"
 ctest --output-on-failure -j "$(nproc)"

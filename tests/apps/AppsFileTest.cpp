@@ -58,8 +58,9 @@ TEST_F(AppsFileTest, FilesOfEachLengthGiveTheirRecords)
         ASSERT_EQ(records.size(), c.records) << c.length;
         for (std::size_t i = 0; i < records.size(); ++i)
             EXPECT_EQ(records[i].Title, record(int(i) + 1).Title) << c.length;
-        if (c.length == 539)
+        if (c.length == 539) {
             EXPECT_EQ(records[1].Path, record(2).Path.left(180 - 100));
+        }
     }
 }
 
