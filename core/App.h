@@ -62,17 +62,13 @@ struct App {
     // The main window's topmost state.
     bool OnTop = false;
 
-    // Calls from a lower folder into a higher one, set by start-up, so that folders link
-    // downward only. Each stays empty in a test that does not need it.
+    // Calls from a lower folder into a higher one, set by start-up: folders link downward only.
     struct Hooks {
-        // SayText (character/) turns a long text into a piecewise reading (reading/, above it),
-        // and that reading speaks through SayText.
+        // SayText (character/, which all speech uses) starts readings (reading/) that speak via it.
         std::function<void(const QString& text)> StartLongTextReading;
-        // LoadCharacter (character/) rebuilds the command list (commands/, above it), whose
-        // confirmations speak through the character.
+        // LoadCharacter (character/) rebuilds the list of commands/, whose answers use SayText.
         std::function<void()> SetVoiceCommands;
-        // The application window (apps/) opens the options dialog (settings/, above it), whose
-        // OK reloads the applications; empty until the dialog exists.
+        // frmApp (apps/) opens frmOptions (settings/), whose OK reloads the applications.
         std::function<void(int tab)> ShowOptions;
     } Hooks;
 
