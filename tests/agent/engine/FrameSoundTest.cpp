@@ -1,6 +1,7 @@
 #include "EngineTestSupport.h"
 #include "PrivateSoundServer.h"
 #include "RequestWait.h"
+#include "SoxTone.h"
 #include "SpeechAudio.h"
 #include "TestCharacter.h"
 #include "agent/engine/AgentEngine.h"
@@ -9,7 +10,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
@@ -24,29 +24,6 @@ namespace
 
 constexpr double AdpcmHz = 1000;
 constexpr double Pcm8Hz = 2500;
-
-// A half-second sine made with sox as 16-bit PCM, then converted with `encoding`, as a
-// character stores its sounds; empty when sox cannot make it.
-QByteArray tone(const QTemporaryDir& folder, const QString& name, int rate, double hz,
-                const QStringList& encoding)
-{
-    const QString plain = folder.filePath(name + u"-in.wav"_qs);
-    const QString coded = folder.filePath(name + u".wav"_qs);
-    const QStringList steps[] = {
-        {u"-n"_qs, u"-r"_qs, QString::number(rate), u"-c"_qs, u"1"_qs, u"-b"_qs, u"16"_qs, plain,
-         u"synth"_qs, u"0.5"_qs, u"sine"_qs, QString::number(hz), u"vol"_qs, u"0.5"_qs},
-        QStringList{plain} + encoding + QStringList{coded},
-    };
-    for (const QStringList& arguments : steps) {
-        QProcess sox;
-        sox.start(u"sox"_qs, arguments);
-        if (!sox.waitForFinished(10000) || sox.exitStatus() != QProcess::NormalExit ||
-            sox.exitCode() != 0)
-            return {};
-    }
-    QFile file(coded);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // True when the tone stands far above its neighbourhood in the recording.
 bool toneHeard(const std::vector<qint16>& heard, double hz)
@@ -70,9 +47,10 @@ TEST(FrameSoundTest, SoundsOfTheShowAnimationAreHeardWithTheSpeech)
     if (!server.running())
         GTEST_SKIP() << "pulseaudio could not be started: " << server.error().toStdString();
     ASSERT_TRUE(server.useAndRecord()) << server.error().toStdString();
-    const QByteArray adpcm = tone(work, u"adpcm"_qs, 11025, AdpcmHz, {u"-e"_qs, u"ms-adpcm"_qs});
-    const QByteArray pcm8 =
-        tone(work, u"pcm8"_qs, 8000, Pcm8Hz, {u"-b"_qs, u"8"_qs, u"-e"_qs, u"unsigned-integer"_qs});
+    const QByteArray adpcm =
+        speechtest::soxTone(work, u"adpcm"_qs, 11025, AdpcmHz, {u"-e"_qs, u"ms-adpcm"_qs});
+    const QByteArray pcm8 = speechtest::soxTone(
+        work, u"pcm8"_qs, 8000, Pcm8Hz, {u"-b"_qs, u"8"_qs, u"-e"_qs, u"unsigned-integer"_qs});
     if (adpcm.isEmpty() || pcm8.isEmpty())
         GTEST_SKIP() << "sox cannot make the sounds";
     ASSERT_EQ(adpcm.at(20), 2) << "format tag 2, Microsoft ADPCM";
