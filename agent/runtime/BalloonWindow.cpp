@@ -1,5 +1,6 @@
 #include "agent/runtime/BalloonWindow.h"
 
+#include <QBitmap>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
@@ -128,7 +129,15 @@ void BalloonWindow::placeNear(const QRect& character)
     y = std::clamp(y, area.top(), std::max(area.top(), area.bottom() - height() + 1));
     tip_ = QPoint(std::clamp(head - x, 1, width() - 2), above_ ? height() - 1 : 0);
     move(x, y);
-    setMask(QRegion(outline().toFillPolygon().toPolygon()).united(QRect(tip_, QSize(1, 1))));
+    // Without a compositor only the shape's pixels may show.
+    QImage shape(size(), QImage::Format_ARGB32_Premultiplied);
+    shape.fill(Qt::transparent);
+    QPainter painter(&shape);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.setBrush(Qt::black);
+    painter.drawPath(outline());
+    painter.end();
+    setMask(QBitmap::fromImage(shape.createAlphaMask()));
     update();
 }
 
