@@ -15,8 +15,8 @@ public:
     bool available() const override { return channel_.output_.available(); }
     void speak(const QString& taggedText, const VoiceDefaults& voice) override
     {
-        text = taggedText;
-        this->voice = voice;
+        text_ = taggedText;
+        voice_ = voice;
         channel_.request(this);
     }
     void stop() override { channel_.withdraw(this, true); }
@@ -25,11 +25,12 @@ public:
         channel_.output_.playSound(std::move(samples));
     }
 
-    QString text;
-    VoiceDefaults voice;
-
 private:
+    friend class SpeechChannel;
+
     SpeechChannel& channel_;
+    QString text_;
+    VoiceDefaults voice_;
 };
 
 SpeechChannel::SpeechChannel(SpeechOutput& output) : output_(output)
@@ -83,7 +84,7 @@ void SpeechChannel::startNext()
         return;
     speaking_ = waiting_.front();
     waiting_.pop_front();
-    output_.speak(speaking_->text, speaking_->voice);
+    output_.speak(speaking_->text_, speaking_->voice_);
 }
 
 void SpeechChannel::onFinished(bool ok)

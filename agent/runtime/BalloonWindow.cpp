@@ -78,10 +78,10 @@ void BalloonWindow::layOut()
     }
     layout.endLayout();
     const bool sizeToText = flags_ & acs::flags::BalloonSizeToText;
-    textWidth_ = sizeToText
-                     ? std::clamp(int(std::ceil(natural)), metrics.averageCharWidth(), widest)
-                     : widest;
-    const QSize bodySize(textWidth_ + 2 * Padding,
+    const int textWidth =
+        sizeToText ? std::clamp(int(std::ceil(natural)), metrics.averageCharWidth(), widest)
+                   : widest;
+    const QSize bodySize(textWidth + 2 * Padding,
                          visibleLines() * metrics.lineSpacing() + 2 * Padding);
     const QSize old = size();
     setFixedSize(bodySize.width(), bodySize.height() + TailLength);

@@ -55,7 +55,6 @@ private:
     qsizetype heard_ = 0;
     std::vector<Line> lines_;
     int firstLine_ = 0;
-    int textWidth_ = 0;
     bool above_ = true;
     QPoint tip_;
 };

@@ -10,7 +10,7 @@ namespace agent::runtime
 namespace
 {
 
-Q_LOGGING_CATEGORY(lcSounds, "agent.runtime.sounds", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcRuntime, "agent.runtime", QtWarningMsg)
 
 } // namespace
 
@@ -27,7 +27,7 @@ void SoundEffects::play(int index)
     if (!samples) {
         samples = std::make_shared<const std::vector<qint16>>(decodeWave(sounds_[size_t(index)]));
         if (samples->empty())
-            qCWarning(lcSounds) << "sound" << index << "cannot be decoded";
+            qCWarning(lcRuntime) << "sound" << index << "cannot be decoded";
     }
     if (!samples->empty())
         output_.playSound(samples);

@@ -57,13 +57,16 @@ void AudioPlayer::play(std::shared_ptr<const SynthesizedSpeech> speech, bool aud
 
 void AudioPlayer::stop()
 {
-    const std::lock_guard lock(mutex_);
-    if (speech_) {
-        // What the server still holds of the utterance would be heard after the stop.
-        discard_ = discard_ || speechWritten_ > 0;
-        speech_.reset();
+    {
+        const std::lock_guard lock(mutex_);
+        if (speech_) {
+            // What the server still holds of the utterance would be heard after the stop.
+            discard_ = discard_ || speechWritten_ > 0;
+            speech_.reset();
+        }
+        ++generation_;
     }
-    ++generation_;
+    wake_.notify_one();
 }
 
 void AudioPlayer::playSound(std::shared_ptr<const std::vector<qint16>> samples)
@@ -134,6 +137,13 @@ void AudioPlayer::playWhileBusy(std::unique_lock<std::mutex>& lock, PlaybackSink
             sink->discardPending();
             lock.lock();
             continue;
+        }
+        if (sink == &paced_) {
+            // Waits here rather than in the write, so that a new utterance need not.
+            const quint64 generation = generation_;
+            if (wake_.wait_until(lock, paced_.playEnd(),
+                                 [&] { return quit_ || generation_ != generation; }))
+                continue;
         }
         const bool firstOfSpeech = speech_ && speechWritten_ == 0 && !speech_->samples.empty();
         const qsizetype count = mix(chunk, sink != &paced_);
