@@ -105,9 +105,9 @@ void AudioPlayer::run()
             }
             continue;
         }
-        const bool heard = (speech_ && audible_) || !sounds_.empty();
+        // Through the server even for a silent utterance, so that sounds can join it.
         lock.unlock();
-        PlaybackSink* sink = heard ? openSink() : &paced_;
+        PlaybackSink* sink = openSink();
         lock.lock();
         playWhileBusy(lock, sink);
     }
