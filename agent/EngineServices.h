@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <memory>
 #include <vector>
 
 class QWidget;
@@ -12,6 +13,9 @@ class QWidget;
 // be built and tested alone and the runtime can run with test doubles.
 namespace agent
 {
+
+// The engine's audio: speech and frame sounds alike, mono 16-bit at this rate.
+constexpr int AudioSampleRate = 22050;
 
 // The voice of the loaded character, from its file's voice info.
 struct VoiceDefaults {
@@ -32,10 +36,14 @@ public:
     virtual void speak(const QString& taggedText, const VoiceDefaults& voice) = 0;
     // Cuts the current utterance short; finished(false) follows.
     virtual void stop() = 0;
+    // Plays a frame sound (AudioSampleRate, mono) at once, mixed with whatever is being said,
+    // on the same output. Without a sound server it is skipped.
+    virtual void playSound(std::shared_ptr<const std::vector<qint16>> samples) = 0;
 
 signals:
-    // The balloon text shown so far: grows word by word as the words are heard.
-    void balloonTextChanged(const QString& shownSoFar);
+    // The balloon text shown so far, which grows word by word as the words are heard, and the
+    // whole text the utterance shows.
+    void balloonTextChanged(const QString& shownSoFar, const QString& wholeText);
     void mouthChanged(agent::acs::Mouth mouth);
     // ok is false when the utterance could not be spoken or was stopped.
     void finished(bool ok);

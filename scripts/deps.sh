@@ -10,7 +10,7 @@ build_packages=(
     libgl1-mesa-dev libxkbcommon-dev libx11-dev libxcb1-dev
     libespeak-ng-dev espeak-ng
     libpocketsphinx-dev libsphinxbase-dev pocketsphinx pocketsphinx-en-us
-    libpulse-dev pulseaudio-utils
+    libpulse-dev pulseaudio-utils libsndfile1-dev
 )
 run_packages=(xvfb xauth)
 test_packages=(

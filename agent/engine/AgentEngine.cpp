@@ -18,7 +18,8 @@ Q_LOGGING_CATEGORY(lcEngine, "agent.engine", QtWarningMsg)
 
 AgentEngine::AgentEngine(std::unique_ptr<SpeechOutput> speech,
                          std::unique_ptr<SpeechRecognizer> recognizer, EngineOptions options)
-    : speech_(std::move(speech)), recognizer_(std::move(recognizer)), options_(options),
+    : speech_(std::move(speech)), channel_(*speech_), recognizer_(std::move(recognizer)),
+      options_(options),
       characters_(
           [this](const QString& id, std::shared_ptr<const acs::CharacterData> data) {
               return makeCharacter(id, std::move(data));
@@ -36,11 +37,12 @@ AgentEngine::AgentEngine(std::unique_ptr<SpeechOutput> speech,
                     }
                 }
             });
-        QObject::connect(recognizer_.get(), &SpeechRecognizer::listeningFailed, &eventContext_,
-                         [this](int number, const QString& source, const QString& description) {
-                             const platform::RuntimeError error(number, source, description);
-                             raise([error](platform::AgentEvents& sink) { sink.Agent1_Error(error); });
-                         });
+        QObject::connect(
+            recognizer_.get(), &SpeechRecognizer::listeningFailed, &eventContext_,
+            [this](int number, const QString& source, const QString& description) {
+                const platform::RuntimeError error(number, source, description);
+                raise([error](platform::AgentEvents& sink) { sink.Agent1_Error(error); });
+            });
     }
 }
 
@@ -96,7 +98,7 @@ AgentEngine::makeCharacter(const QString& id, std::shared_ptr<const acs::Charact
 {
     const std::uint32_t seed = options_.seed.value_or(std::random_device{}());
     auto character = std::make_unique<EngineCharacter>(
-        id, std::move(data), *speech_, options_.timing, seed,
+        id, std::move(data), channel_.seat(), options_.timing, seed,
         [this](std::function<void(platform::AgentEvents&)> event) { raise(std::move(event)); },
         [this] { updatePhrases(); });
     const EngineSettings settings;

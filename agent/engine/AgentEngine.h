@@ -2,6 +2,7 @@
 
 #include "agent/EngineServices.h"
 #include "agent/engine/EngineCharacters.h"
+#include "agent/engine/SpeechChannel.h"
 #include "agent/runtime/RuntimeTiming.h"
 #include "platform/Agent.h"
 
@@ -53,6 +54,7 @@ private:
     void applyOutputSettings();
 
     std::unique_ptr<SpeechOutput> speech_;
+    SpeechChannel channel_;
     std::unique_ptr<SpeechRecognizer> recognizer_;
     EngineOptions options_;
     QObject eventContext_;

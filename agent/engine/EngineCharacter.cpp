@@ -10,13 +10,13 @@ namespace agent::engine
 {
 
 EngineCharacter::EngineCharacter(QString id, std::shared_ptr<const acs::CharacterData> character,
-                                 SpeechOutput& speech, const runtime::RuntimeTiming& timing,
-                                 std::uint32_t seed, RaiseEvent raise,
-                                 std::function<void()> listeningChanged)
+                                 std::unique_ptr<SpeechOutput> speech,
+                                 const runtime::RuntimeTiming& timing, std::uint32_t seed,
+                                 RaiseEvent raise, std::function<void()> listeningChanged)
     : id_(std::move(id)),
       name_(characterName(character->localizedInfo, languageId(QLocale::system()))),
-      voice_(characterVoice(*character)), raise_(std::move(raise)),
-      runtime_(std::make_unique<runtime::CharacterRuntime>(std::move(character), speech, voice_,
+      voice_(characterVoice(*character)), raise_(std::move(raise)), speech_(std::move(speech)),
+      runtime_(std::make_unique<runtime::CharacterRuntime>(std::move(character), *speech_, voice_,
                                                            timing, seed)),
       balloon_(*runtime_), commands_(std::move(listeningChanged))
 {

@@ -21,8 +21,8 @@ class EngineCharacter : public platform::AgentCharacter
 {
 public:
     EngineCharacter(QString id, std::shared_ptr<const acs::CharacterData> character,
-                    SpeechOutput& speech, const runtime::RuntimeTiming& timing, std::uint32_t seed,
-                    RaiseEvent raise, std::function<void()> listeningChanged);
+                    std::unique_ptr<SpeechOutput> speech, const runtime::RuntimeTiming& timing,
+                    std::uint32_t seed, RaiseEvent raise, std::function<void()> listeningChanged);
 
     platform::Request Speak(const QString& text) override;
     platform::Request Play(const QString& animation) override;
@@ -56,6 +56,8 @@ private:
     QString name_;
     VoiceDefaults voice_;
     RaiseEvent raise_;
+    // The character's seat on the engine's speech channel; the runtime speaks through it.
+    std::unique_ptr<SpeechOutput> speech_;
     std::unique_ptr<runtime::CharacterRuntime> runtime_;
     EngineBalloon balloon_;
     EngineCommands commands_;

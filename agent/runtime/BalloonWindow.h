@@ -3,35 +3,60 @@
 #include "agent/acs/CharacterData.h"
 
 #include <QFont>
+#include <QPainterPath>
 #include <QWidget>
+#include <vector>
 
 namespace agent::runtime
 {
 
-// The word balloon beside the character: a frameless window in the character's balloon
-// colours and font, sized to its text within the character's lines x characters per line.
-// When the text outgrows that, the latest lines are shown.
+// The word balloon beside the character: a rounded rectangle with a tail towards the
+// character's head, in the character's balloon colours and font, `lines` lines of about
+// `charsPerLine` characters. It shows the words as they are heard (all of them at once for a
+// character that does not pace its balloon) and scrolls by lines to keep the latest in view.
 class BalloonWindow : public QWidget
 {
     Q_OBJECT
 public:
-    explicit BalloonWindow(const acs::BalloonInfo& style);
+    // flags: the character's style flags, for sizing to the text and pacing.
+    explicit BalloonWindow(const acs::BalloonInfo& style, std::uint32_t flags = 0);
 
-    void setText(const QString& text);
+    // text: the whole utterance as shown; heard: how many of its characters have been heard.
+    void setText(const QString& text, qsizetype heard);
+    void setText(const QString& text) { setText(text, text.size()); }
     QString text() const { return text_; }
-    // Places the balloon above the character, or below it where the screen has no room.
+    // The words in view now, line by line joined with spaces.
+    QString visibleText() const;
+    // Places the balloon above the character, or below it where the screen has no room
+    // above, always wholly on the screen, with its tail towards the character's head.
     void placeNear(const QRect& character);
+    // Where the tail points, in screen coordinates.
+    QPoint tailTip() const { return mapToGlobal(tip_); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRect textArea() const;
+    struct Line {
+        qsizetype start;
+        qsizetype length;
+    };
+
+    void layOut();
+    QRect body() const;
+    QPainterPath outline() const;
+    int visibleLines() const;
+    QString lineText(const Line& line) const;
 
     acs::BalloonInfo style_;
+    std::uint32_t flags_;
     QFont font_;
     QString text_;
-    int textHeight_ = 0;
+    qsizetype heard_ = 0;
+    std::vector<Line> lines_;
+    int firstLine_ = 0;
+    bool above_ = true;
+    QPoint tip_;
 };
 
 } // namespace agent::runtime

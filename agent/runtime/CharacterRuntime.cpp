@@ -25,8 +25,9 @@ CharacterRuntime::CharacterRuntime(std::shared_ptr<const acs::CharacterData> cha
     : character_(std::move(character)), speech_(speech), voice_(voice), timing_(timing),
       random_(seed), renderer_(character_), player_(character_, random_),
       window_(std::make_unique<CharacterWindow>(QSize(character_->width, character_->height))),
-      balloon_(std::make_unique<BalloonWindow>(character_->balloon.value_or(acs::BalloonInfo{}))),
-      sounds_(std::make_unique<SoundEffects>(character_->sounds))
+      balloon_(std::make_unique<BalloonWindow>(character_->balloon.value_or(acs::BalloonInfo{}),
+                                               character_->flags)),
+      sounds_(std::make_unique<SoundEffects>(character_->sounds, speech))
 {
     connect(&player_, &AnimationPlayer::frameShown, this, &CharacterRuntime::onFrameShown);
     connect(&player_, &AnimationPlayer::soundCue, this, [this](int sound) {
@@ -407,7 +408,7 @@ void CharacterRuntime::endSpeech(unsigned serial, bool ok)
     disconnectSpeech();
     mouth_.reset();
     redraw();
-    if (balloon_->isVisible())
+    if (balloon_->isVisible() && !(character_->flags & acs::flags::BalloonNoAutoHide))
         balloonHideTimer_.start(timing_.balloonHide);
     complete(serial, ok ? platform::AgentRequest::Complete : platform::AgentRequest::Failed);
 }
@@ -419,11 +420,13 @@ void CharacterRuntime::disconnectSpeech()
     speechConnections_.clear();
 }
 
-void CharacterRuntime::showBalloonText(const QString& text)
+void CharacterRuntime::showBalloonText(const QString& shownSoFar, const QString& wholeText)
 {
-    if (!balloonEnabled_ || character_->flags & acs::flags::BalloonNone || text.trimmed().isEmpty())
+    const bool paced = !(character_->flags & acs::flags::BalloonNoAutoPace);
+    if (!balloonEnabled_ || character_->flags & acs::flags::BalloonNone ||
+        (paced ? shownSoFar : wholeText).trimmed().isEmpty())
         return;
-    balloon_->setText(text);
+    balloon_->setText(wholeText, shownSoFar.size());
     balloon_->placeNear(window_->geometry());
     balloon_->show();
 }

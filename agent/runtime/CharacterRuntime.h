@@ -101,7 +101,7 @@ private:
     void beginSpeech(unsigned serial, const QString& text);
     void endSpeech(unsigned serial, bool ok);
     void disconnectSpeech();
-    void showBalloonText(const QString& text);
+    void showBalloonText(const QString& shownSoFar, const QString& wholeText);
 
     void scheduleIdle();
     void cancelIdle();

@@ -1,52 +1,36 @@
 #include "agent/runtime/SoundEffects.h"
 
-#include <QAudioDevice>
-#include <QFile>
-#include <QMediaDevices>
-#include <QSoundEffect>
-#include <QUrl>
+#include "agent/runtime/WaveDecoder.h"
+
+#include <QLoggingCategory>
 
 namespace agent::runtime
 {
 
-SoundEffects::SoundEffects(std::vector<QByteArray> sounds, QObject* parent)
-    : QObject(parent), sounds_(std::move(sounds)), files_(sounds_.size())
+namespace
+{
+
+Q_LOGGING_CATEGORY(lcRuntime, "agent.runtime", QtWarningMsg)
+
+} // namespace
+
+SoundEffects::SoundEffects(const std::vector<QByteArray>& sounds, SpeechOutput& output)
+    : sounds_(sounds), output_(output), decoded_(sounds.size())
 {
 }
 
 void SoundEffects::play(int index)
 {
-    if (index < 0 || index >= static_cast<int>(sounds_.size()) ||
-        QMediaDevices::audioOutputs().isEmpty())
+    if (index < 0 || index >= int(sounds_.size()))
         return;
-    const QString file = fileFor(index);
-    if (file.isEmpty())
-        return;
-    auto* effect = new QSoundEffect(this);
-    const auto release = [effect] {
-        if (!effect->isPlaying() && effect->status() != QSoundEffect::Loading)
-            effect->deleteLater();
-    };
-    connect(effect, &QSoundEffect::playingChanged, effect, release);
-    connect(effect, &QSoundEffect::statusChanged, effect, [effect, release] {
-        if (effect->status() == QSoundEffect::Error)
-            release();
-    });
-    effect->setSource(QUrl::fromLocalFile(file));
-    effect->play();
-}
-
-// QSoundEffect plays only from a URL, so each sound is written out once.
-QString SoundEffects::fileFor(int index)
-{
-    QString& file = files_[index];
-    if (!file.isEmpty() || !folder_.isValid())
-        return file;
-    const QString path = folder_.filePath(QStringLiteral("sound%1.wav").arg(index));
-    QFile out(path);
-    if (out.open(QIODevice::WriteOnly) && out.write(sounds_[index]) == sounds_[index].size())
-        file = path;
-    return file;
+    auto& samples = decoded_[size_t(index)];
+    if (!samples) {
+        samples = std::make_shared<const std::vector<qint16>>(decodeWave(sounds_[size_t(index)]));
+        if (samples->empty())
+            qCWarning(lcRuntime) << "sound" << index << "cannot be decoded";
+    }
+    if (!samples->empty())
+        output_.playSound(samples);
 }
 
 } // namespace agent::runtime

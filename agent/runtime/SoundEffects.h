@@ -1,29 +1,28 @@
 #pragma once
 
+#include "agent/EngineServices.h"
+
 #include <QByteArray>
-#include <QObject>
-#include <QTemporaryDir>
+#include <memory>
 #include <vector>
 
 namespace agent::runtime
 {
 
-// Plays the character's frame sounds, fire and forget; a sound may outlast its frame.
-// Without an audio device nothing is played and nothing waits.
-class SoundEffects : public QObject
+// Plays the character's frame sounds through the engine's audio output, mixed with its
+// speech, fire and forget; a sound may outlast its frame. Each sound is decoded in memory the
+// first time it plays; one that cannot be decoded stays silent.
+class SoundEffects
 {
-    Q_OBJECT
 public:
-    explicit SoundEffects(std::vector<QByteArray> sounds, QObject* parent = nullptr);
+    SoundEffects(const std::vector<QByteArray>& sounds, SpeechOutput& output);
 
     void play(int index);
 
 private:
-    QString fileFor(int index);
-
-    std::vector<QByteArray> sounds_;
-    std::vector<QString> files_;
-    QTemporaryDir folder_;
+    const std::vector<QByteArray>& sounds_;
+    SpeechOutput& output_;
+    std::vector<std::shared_ptr<const std::vector<qint16>>> decoded_;
 };
 
 } // namespace agent::runtime

@@ -1,9 +1,8 @@
 #include "agent/speech/AudioPlayer.h"
 
-#include "agent/speech/PacedSink.h"
-#include "agent/speech/PulseSink.h"
-
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 
@@ -14,7 +13,6 @@ namespace
 {
 
 constexpr qsizetype ChunkSamples = 512;
-constexpr auto PollInterval = std::chrono::milliseconds(10);
 constexpr auto DrainMargin = std::chrono::milliseconds(200);
 constexpr auto QuietSpell = std::chrono::seconds(10);
 
@@ -28,96 +26,206 @@ void reportNoAudioOnce()
 
 } // namespace
 
-AudioPlayer::AudioPlayer(QObject* parent) : QObject(parent)
-{
-    release_.setSingleShot(true);
-    release_.setInterval(QuietSpell);
-    connect(&release_, &QTimer::timeout, this, [this] {
-        joinThread();
-        server_.reset();
-    });
-}
+AudioPlayer::AudioPlayer(QObject* parent) : QObject(parent) {}
 
 AudioPlayer::~AudioPlayer()
 {
-    stop();
-}
-
-void AudioPlayer::play(std::shared_ptr<const SynthesizedSpeech> speech, bool audible)
-{
-    stop();
-    release_.stop();
-    stopRequested_ = false;
-    played_ = 0;
-    thread_ = std::thread(&AudioPlayer::run, this, std::move(speech), audible, ++generation_);
-}
-
-void AudioPlayer::stop()
-{
-    stopRequested_ = true;
-    joinThread();
-    ++generation_;
-    release_.start();
-}
-
-void AudioPlayer::joinThread()
-{
+    {
+        const std::lock_guard lock(mutex_);
+        quit_ = true;
+    }
+    wake_.notify_one();
     if (thread_.joinable())
         thread_.join();
 }
 
-void AudioPlayer::run(std::shared_ptr<const SynthesizedSpeech> speech, bool audible,
-                      quint64 generation)
+void AudioPlayer::play(std::shared_ptr<const SynthesizedSpeech> speech, bool audible)
 {
-    if (audible && !server_) {
+    {
+        const std::lock_guard lock(mutex_);
+        discard_ = discard_ || (speech_ && speechWritten_ > 0);
+        speech_ = std::move(speech);
+        audible_ = audible;
+        ++generation_;
+        speechWritten_ = 0;
+        speechStart_ = -1;
+        played_ = 0;
+        drainDeadline_ = {};
+    }
+    wake();
+}
+
+void AudioPlayer::stop()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (speech_) {
+            // What the server still holds of the utterance would be heard after the stop.
+            discard_ = discard_ || speechWritten_ > 0;
+            speech_.reset();
+        }
+        ++generation_;
+    }
+    wake_.notify_one();
+}
+
+void AudioPlayer::playSound(std::shared_ptr<const std::vector<qint16>> samples)
+{
+    if (!samples || samples->empty())
+        return;
+    {
+        const std::lock_guard lock(mutex_);
+        sounds_.push_back({std::move(samples), 0});
+    }
+    wake();
+}
+
+qint64 AudioPlayer::playedSamples() const
+{
+    const std::lock_guard lock(mutex_);
+    return played_;
+}
+
+void AudioPlayer::wake()
+{
+    if (!thread_.joinable())
+        thread_ = std::thread(&AudioPlayer::run, this);
+    wake_.notify_one();
+}
+
+void AudioPlayer::run()
+{
+    std::unique_lock lock(mutex_);
+    while (!quit_) {
+        if (!busy()) {
+            if (!wake_.wait_for(lock, QuietSpell, [this] { return quit_ || busy(); }) && server_) {
+                lock.unlock();
+                server_.reset();
+                lock.lock();
+            }
+            continue;
+        }
+        // Through the server even for a silent utterance, so that sounds can join it.
+        lock.unlock();
+        PlaybackSink* sink = openSink();
+        lock.lock();
+        playWhileBusy(lock, sink);
+    }
+}
+
+PlaybackSink* AudioPlayer::openSink()
+{
+    const auto now = std::chrono::steady_clock::now();
+    // Without a server every utterance would ask again; sounds come too often for that.
+    if (!server_ && (!refused_ || now - refusedAt_ > QuietSpell)) {
         server_ = PulseSink::connect();
-        if (!server_)
+        refused_ = !server_;
+        refusedAt_ = now;
+        if (refused_)
             reportNoAudioOnce();
     }
-    PacedSink paced;
-    PlaybackSink* sink = audible && server_ ? static_cast<PlaybackSink*>(server_.get()) : &paced;
+    return server_ ? static_cast<PlaybackSink*>(server_.get()) : &paced_;
+}
 
-    const std::vector<qint16>& samples = speech->samples;
-    const qint64 total = qint64(samples.size());
-    qint64 written = 0;
-    while (written < total && !stopRequested_) {
-        const qsizetype count = std::min<qint64>(ChunkSamples, total - written);
-        if (!sink->write(samples.data() + written, count)) {
-            // The sound server went away: finish this utterance silently, reconnect next time.
+void AudioPlayer::playWhileBusy(std::unique_lock<std::mutex>& lock, PlaybackSink* sink)
+{
+    std::vector<qint16> chunk(ChunkSamples);
+    streamWritten_ = 0;
+    while (!quit_ && busy()) {
+        if (std::exchange(discard_, false)) {
+            lock.unlock();
+            sink->discardPending();
+            lock.lock();
+            continue;
+        }
+        if (sink == &paced_) {
+            // Waits here rather than in the write, so that a new utterance need not.
+            const quint64 generation = generation_;
+            if (wake_.wait_until(lock, paced_.playEnd(),
+                                 [&] { return quit_ || generation_ != generation; }))
+                continue;
+        }
+        const bool firstOfSpeech = speech_ && speechWritten_ == 0 && !speech_->samples.empty();
+        const qsizetype count = mix(chunk, sink != &paced_);
+        if (count == 0)
+            continue;
+        lock.unlock();
+        const bool written = sink->write(chunk.data(), count);
+        if (written && firstOfSpeech)
+            emit firstSamplesHandedOver();
+        const qint64 pending = written ? sink->pendingSamples() : 0;
+        lock.lock();
+        if (!written) {
+            // The sound server went away: go on silently, and reconnect next time.
             server_.reset();
-            sink = &paced;
+            sink = &paced_;
             reportNoAudioOnce();
             continue;
         }
-        if (written == 0)
-            emit firstSamplesHandedOver();
-        written += count;
-        played_ = std::max<qint64>(0, written - sink->pendingSamples());
+        streamWritten_ += count;
+        followSpeech(streamWritten_ - pending);
     }
-    // A server may keep reporting some latency once its buffer ran dry; wait no longer than
-    // the pending audio lasts, plus a margin.
-    const auto deadline =
-        std::chrono::steady_clock::now() +
-        std::chrono::milliseconds(sink->pendingSamples() * 1000 / SynthesizedSpeech::SampleRate) +
-        DrainMargin;
-    while (!stopRequested_ && std::chrono::steady_clock::now() < deadline) {
-        const qint64 pending = sink->pendingSamples();
-        played_ = written - pending;
-        if (pending <= 0)
-            break;
-        std::this_thread::sleep_for(PollInterval);
+}
+
+qsizetype AudioPlayer::mix(std::vector<qint16>& chunk, bool soundsAudible)
+{
+    std::array<int, ChunkSamples> sum{};
+    qsizetype count = 0;
+    if (speech_) {
+        if (speechStart_ < 0)
+            speechStart_ = streamWritten_;
+        const std::vector<qint16>& samples = speech_->samples;
+        const qsizetype n = std::min<qint64>(ChunkSamples, qint64(samples.size()) - speechWritten_);
+        if (audible_)
+            std::copy_n(samples.begin() + speechWritten_, n, sum.begin());
+        speechWritten_ += n;
+        // The stream goes on, silent, until the end of the utterance has been heard.
+        count = ChunkSamples;
     }
-    played_ = written;
-    if (stopRequested_) {
-        sink->discardPending();
+    if (!soundsAudible)
+        sounds_.clear();
+    for (auto sound = sounds_.begin(); sound != sounds_.end();) {
+        const std::vector<qint16>& samples = *sound->samples;
+        const qsizetype n = std::min<qsizetype>(ChunkSamples, samples.size() - sound->position);
+        for (qsizetype i = 0; i < n; ++i)
+            sum[i] += samples[sound->position + i];
+        sound->position += n;
+        count = std::max(count, n);
+        sound = sound->position >= qsizetype(samples.size()) ? sounds_.erase(sound) : sound + 1;
+    }
+    for (qsizetype i = 0; i < ChunkSamples; ++i)
+        chunk[i] = qint16(std::clamp(sum[i], -32768, 32767));
+    return count;
+}
+
+void AudioPlayer::followSpeech(qint64 heard)
+{
+    if (!speech_)
         return;
-    }
+    const qint64 total = qint64(speech_->samples.size());
+    played_ = std::clamp<qint64>(heard - speechStart_, 0, total);
+    if (speechWritten_ < total)
+        return;
+    const auto now = std::chrono::steady_clock::now();
+    // A server may report some latency long after its buffer ran dry; wait no longer than the
+    // pending audio lasts, plus a margin.
+    if (drainDeadline_ == std::chrono::steady_clock::time_point{})
+        drainDeadline_ = now +
+                         std::chrono::milliseconds((streamWritten_ - heard) * 1000 /
+                                                   SynthesizedSpeech::SampleRate) +
+                         DrainMargin;
+    if (played_ < total && now < drainDeadline_)
+        return;
+    played_ = total;
+    speech_.reset();
     QMetaObject::invokeMethod(
         this,
-        [this, generation] {
-            if (generation != generation_)
-                return;
-            release_.start();
+        [this, generation = generation_] {
+            {
+                const std::lock_guard lock(mutex_);
+                if (generation != generation_)
+                    return;
+            }
             emit finished();
         },
         Qt::QueuedConnection);

@@ -59,7 +59,7 @@ void EspeakSpeechOutput::speak(const QString& taggedText, const VoiceDefaults& v
     }
     const VoiceParams start{false, voice.pitchHz, voice.speedWpm, 65535};
     synthesizer_.synthesize(id, planSpeech(parseSpeechTags(taggedText, start)),
-                             voice.gender == FemaleGender);
+                            voice.gender == FemaleGender);
 }
 
 void EspeakSpeechOutput::stop()
@@ -69,6 +69,11 @@ void EspeakSpeechOutput::stop()
     synthesizer_.cancel(id_);
     player_.stop();
     finish(false);
+}
+
+void EspeakSpeechOutput::playSound(std::shared_ptr<const std::vector<qint16>> samples)
+{
+    player_.playSound(std::move(samples));
 }
 
 void EspeakSpeechOutput::onSynthesized(quint64 id, std::shared_ptr<const SynthesizedSpeech> speech)
@@ -90,11 +95,10 @@ void EspeakSpeechOutput::showPlayedPosition()
         return;
     const qint64 played = player_.playedSamples();
     const bool ended = played >= qint64(speech_->samples.size());
-    const qsizetype shown =
-        ended ? speech_->shownText.size() : speech_->shownLength.at(played, 0);
+    const qsizetype shown = ended ? speech_->shownText.size() : speech_->shownLength.at(played, 0);
     if (shown != shownLength_) {
         shownLength_ = shown;
-        emit balloonTextChanged(speech_->shownText.left(shown));
+        emit balloonTextChanged(speech_->shownText.left(shown), speech_->shownText);
     }
     const acs::Mouth mouth =
         ended ? acs::Mouth::Closed : speech_->mouth.at(played, acs::Mouth::Closed);

@@ -24,6 +24,7 @@ public:
     bool available() const override;
     void speak(const QString& taggedText, const VoiceDefaults& voice) override;
     void stop() override;
+    void playSound(std::shared_ptr<const std::vector<qint16>> samples) override;
 
     // For the recogniser and the benchmark: the synthesiser and the player behind this output.
     EspeakSynthesizer& synthesizer() { return synthesizer_; }

@@ -8,6 +8,14 @@
 namespace agent::speech
 {
 
+namespace
+{
+
+// A writer that waited for playEnd() comes a little after it; that is no pause in the sound.
+constexpr auto Idle = std::chrono::milliseconds(50);
+
+} // namespace
+
 PacedSink::Clock::time_point PacedSink::playEnd() const
 {
     return start_ + std::chrono::microseconds(written_ * 1000000 / SynthesizedSpeech::SampleRate);
@@ -16,8 +24,8 @@ PacedSink::Clock::time_point PacedSink::playEnd() const
 bool PacedSink::write(const qint16*, qsizetype count)
 {
     const Clock::time_point now = Clock::now();
-    if (now > playEnd()) {
-        // Idle since the last utterance, or this thread was late: start the pace afresh.
+    if (now > playEnd() + Idle) {
+        // Idle since the last utterance, or this thread was very late: start the pace afresh.
         start_ = now;
         written_ = 0;
     }

@@ -16,10 +16,11 @@ public:
     qint64 pendingSamples() override;
     void discardPending() override;
 
-private:
     using Clock = std::chrono::steady_clock;
+    // When what was written so far has been played; the next write waits until then.
     Clock::time_point playEnd() const;
 
+private:
     Clock::time_point start_;
     qint64 written_ = 0;
 };

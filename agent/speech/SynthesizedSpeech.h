@@ -1,5 +1,6 @@
 #pragma once
 
+#include "agent/EngineServices.h"
 #include "agent/acs/CharacterData.h"
 #include "agent/speech/SampleTimeline.h"
 
@@ -12,7 +13,7 @@ namespace agent::speech
 // One utterance in memory (22050 Hz, mono, 16-bit), with what the balloon and the mouth show
 // at each sample.
 struct SynthesizedSpeech {
-    static constexpr int SampleRate = 22050;
+    static constexpr int SampleRate = AudioSampleRate;
 
     std::vector<qint16> samples;
     QString shownText;

@@ -2,14 +2,17 @@
 
 #include "EngineTestSupport.h"
 #include "FakeSpeechOutput.h"
+#include "RequestWait.h"
 #include "TestCharacter.h"
 #include "agent/engine/EngineErrors.h"
+#include "agent/runtime/BalloonWindow.h"
 #include "agent/sheet/EngineSettings.h"
 #include "agent/sheet/PropertySheet.h"
 
 #include <QFile>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace agent;
 using namespace agent::engine;
@@ -148,6 +151,58 @@ TEST_F(AgentEngineTest, ShowHideAndSpeechRaiseTheirEvents)
     EXPECT_EQ(speech->spoken, QStringList{QStringLiteral("hello there")});
     EXPECT_EQ(speech->lastVoice.pitchHz, 133);
     EXPECT_EQ(speech->lastVoice.speedWpm, 177);
+}
+
+TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
+{
+    const QString file = writeCharacterFile(folder, character);
+    engine->Characters().Load(QStringLiteral("G"), file);
+    engine->Characters().Load(QStringLiteral("H"), file);
+    auto& g = dynamic_cast<EngineCharacter&>(engine->Characters().Character(QStringLiteral("G")));
+    auto& h = dynamic_cast<EngineCharacter&>(engine->Characters().Character(QStringLiteral("H")));
+    g.Show(true);
+    h.Show(true);
+    const std::vector<std::pair<EngineCharacter*, QString>> calls = {
+        {&g, QStringLiteral("gold green grey")},
+        {&h, QStringLiteral("hot hazy high")},
+        {&g, QStringLiteral("gone")},
+        {&h, QStringLiteral("here")},
+    };
+    std::vector<platform::Request> requests;
+    for (const auto& [who, text] : calls)
+        requests.push_back(who->Speak(text));
+
+    std::vector<std::size_t> finishOrder;
+    std::set<QString> gSaw, hSaw;
+    QTest::qWaitFor(
+        [&] {
+            gSaw.insert(g.runtime().balloon().visibleText());
+            hSaw.insert(h.runtime().balloon().visibleText());
+            for (std::size_t i = 0; i < requests.size(); ++i) {
+                if (runtime::testing::isFinished(requests[i]) &&
+                    std::find(finishOrder.begin(), finishOrder.end(), i) == finishOrder.end())
+                    finishOrder.push_back(i);
+            }
+            return finishOrder.size() == requests.size();
+        },
+        5000);
+    for (const platform::Request& request : requests)
+        EXPECT_EQ(request->Status(), Status::Complete);
+    ASSERT_EQ(finishOrder.size(), 4u);
+    const auto position = [&](std::size_t i) {
+        return std::find(finishOrder.begin(), finishOrder.end(), i) - finishOrder.begin();
+    };
+    EXPECT_LT(position(0), position(2)) << "G's requests end in G's call order";
+    EXPECT_LT(position(1), position(3)) << "H's requests end in H's call order";
+    EXPECT_EQ(speech->spoken, (QStringList{"gold green grey", "hot hazy high", "gone", "here"}));
+    // Each balloon shows its own character's words only: G's words start with g, H's with h.
+    for (const auto& [saw, initial] : {std::pair{&gSaw, u'g'}, std::pair{&hSaw, u'h'}}) {
+        EXPECT_GT(saw->size(), 2u);
+        for (const QString& text : *saw) {
+            for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+                EXPECT_EQ(word.front(), initial) << text.toStdString();
+        }
+    }
 }
 
 TEST_F(AgentEngineTest, EventsWaitForTheEventLoopAndNeedASink)

@@ -1,6 +1,5 @@
 #include "agent/runtime/BalloonWindow.h"
 
-#include <QFontMetrics>
 #include <gtest/gtest.h>
 
 using namespace agent;
@@ -9,7 +8,7 @@ using namespace agent::runtime;
 namespace
 {
 
-TEST(BalloonWindowTest, DrawnInTheCharactersColours)
+TEST(BalloonWindowTest, DrawnInTheCharactersColoursAndSeeThroughAroundItsShape)
 {
     acs::BalloonInfo own;
     own.background = QColor(10, 20, 30);
@@ -28,36 +27,79 @@ TEST(BalloonWindowTest, DrawnInTheCharactersColours)
         BalloonWindow balloon(test.style);
         balloon.setText(QStringLiteral("Hello"));
         const QImage picture = balloon.grab().toImage();
-        EXPECT_EQ(picture.pixel(0, 0) & 0xFFFFFF, test.border & 0xFFFFFF) << test.name;
-        EXPECT_EQ(picture.pixel(2, 2) & 0xFFFFFF, test.background & 0xFFFFFF) << test.name;
+        const int middle = picture.height() / 3;
+        EXPECT_EQ(picture.pixel(0, middle), test.border) << test.name;
+        EXPECT_EQ(picture.pixel(picture.width() - 1, middle), test.border) << test.name;
+        EXPECT_EQ(picture.pixel(3, middle), test.background) << test.name;
+        EXPECT_EQ(qAlpha(picture.pixel(0, 0)), 0) << test.name << ": rounded corner";
+        EXPECT_EQ(qAlpha(picture.pixel(0, picture.height() - 1)), 0)
+            << test.name << ": beside the tail";
     }
 }
 
-TEST(BalloonWindowTest, SizedToTheTextWithinLinesAndCharactersPerLine)
+TEST(BalloonWindowTest, FixedToLinesAndCharactersPerLineOrSizedToTheText)
 {
     acs::BalloonInfo style;
     style.lines = 2;
     style.charsPerLine = 20;
-    BalloonWindow balloon(style);
-    const QSize empty = balloon.size();
+    const QString longText = QString(QStringLiteral("word ")).repeated(60);
+    const int fixedWidth = BalloonWindow(style).width();
+    for (const std::uint32_t flags : {0u, acs::flags::BalloonSizeToText}) {
+        BalloonWindow balloon(style, flags);
+        balloon.setText(QStringLiteral("Hi"));
+        const QSize shortText = balloon.size();
+        balloon.setText(longText);
+        const QSize manyLines = balloon.size();
+        balloon.setText(QStringLiteral("one two three four five six seven eight nine ten"));
+        const QSize twoLines = balloon.size();
 
-    balloon.setText(QStringLiteral("Hi"));
-    const QSize shortText = balloon.size();
-    balloon.setText(QStringLiteral("one two three four five six seven eight nine ten"));
-    const QSize twoLines = balloon.size();
-    balloon.setText(QString(QStringLiteral("word ")).repeated(60));
-    const QSize manyLines = balloon.size();
+        EXPECT_EQ(manyLines.height(), twoLines.height()) << flags << ": never more than two lines";
+        EXPECT_LE(manyLines.width(), fixedWidth) << flags << ": never more than 20 characters";
+        EXPECT_GT(manyLines.width(), fixedWidth * 3 / 4) << flags;
+        if (flags & acs::flags::BalloonSizeToText) {
+            EXPECT_LT(shortText.width(), twoLines.width() / 2) << "short text, narrow balloon";
+            EXPECT_LT(shortText.height(), twoLines.height()) << "short text, one line";
+        } else {
+            EXPECT_EQ(shortText, twoLines) << "the balloon keeps its size";
+        }
+        EXPECT_EQ(balloon.text(),
+                  QStringLiteral("one two three four five six seven eight nine ten"));
+    }
+}
 
-    EXPECT_EQ(shortText.height(), empty.height());
-    EXPECT_LT(shortText.width(), twoLines.width()) << "short text, narrow balloon";
-    EXPECT_GT(twoLines.height(), shortText.height());
-    QFont font(style.fontName);
-    font.setPixelSize(13);
-    const int widest = QFontMetrics(font).averageCharWidth() * 20 + 12;
-    EXPECT_EQ(manyLines.height(), twoLines.height()) << "never more than two lines";
-    EXPECT_LE(manyLines.width(), widest) << "never more than 20 characters a line";
-    EXPECT_GT(manyLines.width(), widest / 2);
-    EXPECT_EQ(balloon.text(), QString(QStringLiteral("word ")).repeated(60));
+// Words come as they are heard (all at once without pacing); long text scrolls by lines so
+// that the latest word heard is always in view, and every word is seen at some point.
+TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
+{
+    acs::BalloonInfo style;
+    style.lines = 2;
+    style.charsPerLine = 16;
+    QStringList words;
+    for (int i = 1; i <= 40; ++i)
+        words << QStringLiteral("w%1").arg(i);
+    const QString text = words.join(QLatin1Char(' '));
+    for (const std::uint32_t flags : {0u, acs::flags::BalloonNoAutoPace}) {
+        const bool paced = !(flags & acs::flags::BalloonNoAutoPace);
+        BalloonWindow balloon(style, flags);
+        QSet<QString> seen;
+        qsizetype heard = 0;
+        for (int i = 0; i < words.size(); ++i) {
+            heard = text.indexOf(words[i], heard) + words[i].size();
+            balloon.setText(text, heard);
+            const QStringList visible = balloon.visibleText().split(QLatin1Char(' '));
+            EXPECT_TRUE(visible.contains(words[i])) << flags << ": " << i;
+            EXPECT_LT(visible.size(), 12) << "two short lines in view";
+            if (paced)
+                EXPECT_EQ(visible.last(), words[i]) << "nothing before it is heard";
+            seen.unite(QSet<QString>(visible.begin(), visible.end()));
+        }
+        EXPECT_EQ(seen.size(), words.size()) << flags;
+        if (!paced) {
+            balloon.setText(text, 0);
+            EXPECT_GT(balloon.visibleText().split(QLatin1Char(' ')).size(), 2)
+                << "unpaced: the first lines at once";
+        }
+    }
 }
 
 } // namespace

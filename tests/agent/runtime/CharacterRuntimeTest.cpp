@@ -132,6 +132,34 @@ TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
         << "the balloon goes shortly after the speech";
 }
 
+TEST_F(CharacterRuntimeTest, BalloonFollowsTheCharactersStyleFlags)
+{
+    struct Case {
+        const char* name;
+        std::uint32_t flags;
+        bool wholeTextAtOnce;
+        bool staysAfterTheSpeech;
+    };
+    const Case cases[] = {
+        {"paced, hidden after", 0, false, false},
+        {"NOAUTOPACE", acs::flags::BalloonNoAutoPace, true, false},
+        {"NOAUTOHIDE", acs::flags::BalloonNoAutoHide, false, true},
+    };
+    const QString text = QStringLiteral("one two three four");
+    for (const Case& test : cases) {
+        character.flags = test.flags;
+        runtime_.reset();
+        runtime().show(true);
+        const platform::Request speak = runtime().speak(text);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return runtime().balloonVisible(); }, 2000));
+        EXPECT_EQ(runtime().balloon().visibleText() == text, test.wholeTextAtOnce) << test.name;
+        ASSERT_TRUE(waitFinished(speak));
+        EXPECT_EQ(QTest::qWaitFor([this] { return !runtime().balloonVisible(); }, 300),
+                  !test.staysAfterTheSpeech)
+            << test.name;
+    }
+}
+
 TEST_F(CharacterRuntimeTest, ReplacingOverlayHidesTheTopImage)
 {
     runtime().show(true);

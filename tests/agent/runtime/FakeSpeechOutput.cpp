@@ -11,6 +11,7 @@ FakeSpeechOutput::FakeSpeechOutput(int wordMs) : wordMs_(wordMs)
 
 void FakeSpeechOutput::speak(const QString& taggedText, const VoiceDefaults& voice)
 {
+    stop();
     spoken << taggedText;
     lastVoice = voice;
     words_ = taggedText.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -37,7 +38,8 @@ void FakeSpeechOutput::nextWord()
     }
     ++shown_;
     emit mouthChanged(shown_ % 2 ? acs::Mouth::OpenWide3 : acs::Mouth::OpenNarrow);
-    emit balloonTextChanged(words_.mid(0, shown_).join(QLatin1Char(' ')));
+    emit balloonTextChanged(words_.mid(0, shown_).join(QLatin1Char(' ')),
+                            words_.join(QLatin1Char(' ')));
 }
 
 } // namespace agent::runtime::testing

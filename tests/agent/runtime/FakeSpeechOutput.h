@@ -9,7 +9,8 @@ namespace agent::runtime::testing
 {
 
 // Speaks without sound: one word every `wordMs`, the mouth opening and closing with each
-// word, then finished(true). Records what it was asked to say.
+// word, then finished(true). Records what it was asked to say. Like the real output, it speaks
+// one utterance at a time: a new one cuts the current one short, which ends finished(false).
 class FakeSpeechOutput : public SpeechOutput
 {
     Q_OBJECT
@@ -19,6 +20,7 @@ public:
     bool available() const override { return available_; }
     void speak(const QString& taggedText, const VoiceDefaults& voice) override;
     void stop() override;
+    void playSound(std::shared_ptr<const std::vector<qint16>>) override {}
 
     bool available_ = true;
     // The next utterance ends with finished(false) after its words.

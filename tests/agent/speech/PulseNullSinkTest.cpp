@@ -1,12 +1,8 @@
+#include "PrivateSoundServer.h"
 #include "SpeechAudio.h"
 #include "agent/speech/EspeakSpeechOutput.h"
 
-#include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QThread>
-#include <csignal>
 #include <gtest/gtest.h>
 
 namespace agent::speech
@@ -14,83 +10,12 @@ namespace agent::speech
 namespace
 {
 
-// A private sound server with a null sink, started and stopped by the test.
-class PrivateSoundServer
-{
-public:
-    PrivateSoundServer()
-    {
-        environment_ = QProcessEnvironment::systemEnvironment();
-        environment_.insert(u"XDG_RUNTIME_DIR"_qs, runtime_.path());
-        environment_.insert(u"HOME"_qs, runtime_.path());
-        environment_.remove(u"PULSE_SERVER"_qs);
-        QProcess daemon;
-        daemon.setProcessEnvironment(environment_);
-        daemon.start(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
-                                        u"--load=module-null-sink sink_name=dummy"_qs,
-                                        u"--load=module-native-protocol-unix auth-anonymous=1"_qs});
-        if (!daemon.waitForFinished(20000) || daemon.exitStatus() != QProcess::NormalExit ||
-            daemon.exitCode() != 0) {
-            error_ = QString::fromLocal8Bit(daemon.readAllStandardError());
-            return;
-        }
-        QFile pidFile(runtime_.filePath(u"pulse/pid"_qs));
-        if (pidFile.open(QIODevice::ReadOnly))
-            pid_ = pidFile.readAll().trimmed().toInt();
-        if (pid_ <= 0)
-            error_ = u"pulseaudio left no pid file"_qs;
-    }
-
-    ~PrivateSoundServer()
-    {
-        if (pid_ <= 0)
-            return;
-        ::kill(pid_, SIGTERM);
-        // The server removes its pid file as it exits; its folder can go after that.
-        const QString pidFile = runtime_.filePath(u"pulse/pid"_qs);
-        for (int i = 0; i < 50 && QFile::exists(pidFile); ++i)
-            QThread::msleep(100);
-    }
-
-    bool running() const { return pid_ > 0; }
-    QString error() const { return error_; }
-    QString runtimePath() const { return runtime_.path(); }
-    QProcessEnvironment environment() const { return environment_; }
-
-private:
-    QTemporaryDir runtime_;
-    QProcessEnvironment environment_;
-    QString error_;
-    int pid_ = 0;
-};
-
-std::vector<qint16> toSamples(const QByteArray& raw)
-{
-    std::vector<qint16> samples(raw.size() / 2);
-    std::memcpy(samples.data(), raw.constData(), samples.size() * 2);
-    return samples;
-}
-
 TEST(PulseNullSinkTest, SpeechReachesTheSoundServer)
 {
-    PrivateSoundServer server;
+    speechtest::PrivateSoundServer server;
     if (!server.running())
         GTEST_SKIP() << "pulseaudio could not be started: " << server.error().toStdString();
-    qputenv("XDG_RUNTIME_DIR", server.runtimePath().toLocal8Bit());
-    qunsetenv("PULSE_SERVER");
-
-    QProcess recorder;
-    recorder.setProcessEnvironment(server.environment());
-    recorder.start(u"parec"_qs, {u"-d"_qs, u"dummy.monitor"_qs, u"--raw"_qs, u"--format=s16le"_qs,
-                                 u"--rate=22050"_qs, u"--channels=1"_qs});
-    ASSERT_TRUE(recorder.waitForStarted(5000));
-    // The monitor delivers silence while nothing plays; once it flows, recording is on.
-    QByteArray recorded;
-    for (int i = 0; i < 100 && recorded.size() < 4410; ++i) {
-        recorder.waitForReadyRead(100);
-        recorded += recorder.readAllStandardOutput();
-    }
-    ASSERT_GE(recorded.size(), 4410) << "parec records nothing";
+    ASSERT_TRUE(server.useAndRecord()) << server.error().toStdString();
 
     EspeakSpeechOutput output;
     QSignalSpy synthesized(&output.synthesizer(), &EspeakSynthesizer::synthesized);
@@ -98,15 +23,12 @@ TEST(PulseNullSinkTest, SpeechReachesTheSoundServer)
     output.speak(u"The time now is 2:25."_qs, VoiceDefaults{100, 150, 0});
     ASSERT_TRUE(finished.wait(10000));
     EXPECT_TRUE(finished.at(0).at(0).toBool());
-    QTest::qWait(300);
-    recorded += recorder.readAllStandardOutput();
-    recorder.kill();
-    recorder.waitForFinished(2000);
-    recorded += recorder.readAllStandardOutput();
-
     ASSERT_EQ(synthesized.size(), 1);
     const auto spoken = synthesized.at(0).at(1).value<std::shared_ptr<const SynthesizedSpeech>>();
-    const std::vector<qint16> heard = toSamples(recorded);
+    // The whole utterance, and what the server still held as it ended.
+    const std::vector<qint16> heard =
+        server.take(qsizetype(spoken->samples.size()) + 22050 * 3 / 10, 5000);
+
     const double spokenAudible = double(speechtest::audibleSamples(spoken->samples));
     EXPECT_NEAR(double(speechtest::audibleSamples(heard)), spokenAudible, 0.3 * spokenAudible);
     EXPECT_GT(speechtest::rms(heard), 300);

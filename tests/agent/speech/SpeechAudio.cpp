@@ -63,6 +63,19 @@ double medianPitchHz(const std::vector<qint16>& samples)
     return pitches[pitches.size() / 2];
 }
 
+double toneLevel(const std::vector<qint16>& samples, double hz)
+{
+    if (samples.empty())
+        return 0;
+    const double step = 2 * std::numbers::pi * hz / 22050.0;
+    double re = 0, im = 0;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        re += samples[i] * std::cos(step * double(i));
+        im += samples[i] * std::sin(step * double(i));
+    }
+    return 2 * std::hypot(re, im) / double(samples.size());
+}
+
 qint64 audibleSamples(const std::vector<qint16>& samples)
 {
     constexpr qsizetype Block = 220;

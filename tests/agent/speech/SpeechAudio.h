@@ -17,6 +17,9 @@ double lowFrequencyShare(const std::vector<qint16>& samples);
 // between 50 and 400 Hz); 0 when nothing is voiced.
 double medianPitchHz(const std::vector<qint16>& samples);
 
+// The amplitude of the sine at `hz` in the samples, averaged over all of them.
+double toneLevel(const std::vector<qint16>& samples, double hz);
+
 // The number of samples in 10 ms blocks whose level stands above the silence between words.
 qint64 audibleSamples(const std::vector<qint16>& samples);
 

@@ -1,0 +1,84 @@
+#include "PrivateSoundServer.h"
+
+#include <QFile>
+#include <QTest>
+#include <QThread>
+#include <csignal>
+#include <cstring>
+
+namespace speechtest
+{
+
+PrivateSoundServer::PrivateSoundServer()
+{
+    environment_ = QProcessEnvironment::systemEnvironment();
+    environment_.insert(u"XDG_RUNTIME_DIR"_qs, runtime_.path());
+    environment_.insert(u"HOME"_qs, runtime_.path());
+    environment_.remove(u"PULSE_SERVER"_qs);
+    QProcess daemon;
+    daemon.setProcessEnvironment(environment_);
+    daemon.start(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
+                                    u"--load=module-null-sink sink_name=dummy"_qs,
+                                    u"--load=module-native-protocol-unix auth-anonymous=1"_qs});
+    if (!daemon.waitForFinished(20000) || daemon.exitStatus() != QProcess::NormalExit ||
+        daemon.exitCode() != 0) {
+        error_ = QString::fromLocal8Bit(daemon.readAllStandardError());
+        return;
+    }
+    QFile pidFile(runtime_.filePath(u"pulse/pid"_qs));
+    if (pidFile.open(QIODevice::ReadOnly))
+        pid_ = pidFile.readAll().trimmed().toInt();
+    if (pid_ <= 0)
+        error_ = u"pulseaudio left no pid file"_qs;
+}
+
+PrivateSoundServer::~PrivateSoundServer()
+{
+    if (recorder_.state() != QProcess::NotRunning) {
+        recorder_.kill();
+        recorder_.waitForFinished(2000);
+    }
+    if (pid_ <= 0)
+        return;
+    ::kill(pid_, SIGTERM);
+    // The server removes its pid file as it exits; its folder can go after that.
+    const QString pidFile = runtime_.filePath(u"pulse/pid"_qs);
+    for (int i = 0; i < 50 && QFile::exists(pidFile); ++i)
+        QThread::msleep(100);
+}
+
+bool PrivateSoundServer::useAndRecord()
+{
+    qputenv("XDG_RUNTIME_DIR", runtime_.path().toLocal8Bit());
+    qunsetenv("PULSE_SERVER");
+    recorder_.setProcessEnvironment(environment_);
+    recorder_.start(u"parec"_qs, {u"-d"_qs, u"dummy.monitor"_qs, u"--raw"_qs, u"--format=s16le"_qs,
+                                  u"--rate=22050"_qs, u"--channels=1"_qs, u"--latency-msec=50"_qs});
+    if (!recorder_.waitForStarted(5000)) {
+        error_ = u"parec does not start"_qs;
+        return false;
+    }
+    // The monitor delivers silence while nothing plays; once it flows, recording is on.
+    if (take(2205, 10000).size() < 2205) {
+        error_ = u"parec records nothing"_qs;
+        return false;
+    }
+    return true;
+}
+
+std::vector<qint16> PrivateSoundServer::take(qsizetype atLeast, int timeoutMs)
+{
+    QTest::qWaitFor(
+        [&] {
+            recorded_ += recorder_.readAllStandardOutput();
+            return recorded_.size() / 2 >= atLeast;
+        },
+        timeoutMs);
+    recorded_ += recorder_.readAllStandardOutput();
+    std::vector<qint16> samples(size_t(recorded_.size() / 2));
+    std::memcpy(samples.data(), recorded_.constData(), samples.size() * 2);
+    recorded_.remove(0, qsizetype(samples.size()) * 2);
+    return samples;
+}
+
+} // namespace speechtest
