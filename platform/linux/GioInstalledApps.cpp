@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QDirIterator>
-#include <QFileInfo>
+#include <QFile>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 #include <algorithm>
@@ -10,7 +10,7 @@
 #include <memory>
 #include <set>
 
-Q_LOGGING_CATEGORY(lcInstalledApps, "platform.installedapps", QtWarningMsg)
+Q_LOGGING_CATEGORY(lcInstalledApps, "quorl.installedapps", QtWarningMsg)
 
 namespace platform
 {
@@ -108,7 +108,7 @@ void collect(const QString& folder, std::set<QString>& seen, std::vector<Install
         if (!seen.insert(id).second)
             continue;
         const DesktopAppInfo info(
-            g_desktop_app_info_new_from_filename(file.toLocal8Bit().constData()));
+            g_desktop_app_info_new_from_filename(QFile::encodeName(file).constData()));
         if (!info) {
             qCDebug(lcInstalledApps) << "left out, not an application that can start:" << file;
             continue;

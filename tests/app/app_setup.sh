@@ -29,8 +29,8 @@ xdotool type --delay 20 "Make a marker"
 xdotool key Tab
 xdotool type --delay 20 "$work/mark.sh"
 xdotool key alt+a alt+c
-for _ in $(seq 1 30); do
-    wait_window '^Quorl Application Setup$' 0 >/dev/null || break
+for _ in $(seq 1 50); do
+    [ -s "$XDG_DATA_HOME/Kestrane/Quorl/Apps.cfg" ] && break
     sleep 0.3
 done
 [ -s "$XDG_DATA_HOME/Kestrane/Quorl/Apps.cfg" ] || fail "Close wrote no Apps.cfg"
