@@ -58,7 +58,6 @@ InstalledAppPicker::InstalledAppPicker(std::vector<platform::InstalledApp> apps,
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     cmdOK = buttons->button(QDialogButtonBox::Ok);
-    cmdCancel = buttons->button(QDialogButtonBox::Cancel);
     cmdOK->setDefault(true);
 
     auto* layout = new QVBoxLayout(this);

@@ -20,7 +20,6 @@ public:
     QLineEdit* txtSearch;
     QListWidget* lstApps;
     QPushButton* cmdOK;
-    QPushButton* cmdCancel;
 
     // The entry picked; null while none is selected.
     const platform::InstalledApp* Picked() const;

@@ -7,6 +7,9 @@ set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
 trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+# What the program keeps in the temporary folder goes with the work folder.
+export TMPDIR=$work/tmp
+mkdir -p "$TMPDIR"
 printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\nShow=1\nX=200\nY=200\n' >"$settings"
 marker=$work/marker
 printf '#!/bin/sh\ntouch "%s"\n' "$marker" >"$work/mark.sh"
