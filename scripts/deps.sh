@@ -7,7 +7,7 @@ set -euo pipefail
 build_packages=(
     cmake ninja-build g++ pkg-config
     qt6-base-dev qt6-base-dev-tools qt6-multimedia-dev qt6-qpa-plugins
-    libgl1-mesa-dev libxkbcommon-dev libx11-dev libxcb1-dev
+    libgl1-mesa-dev libxkbcommon-dev libx11-dev libxcb1-dev libglib2.0-dev
     libespeak-ng-dev espeak-ng
     libpocketsphinx-dev libsphinxbase-dev pocketsphinx pocketsphinx-en-us
     libpulse-dev pulseaudio-utils libsndfile1-dev

@@ -1,5 +1,6 @@
 #include "startup/Wiring.h"
 
+#include "apps/frmApp.h"
 #include "character/CharacterEvents.h"
 #include "character/VoicePanel.h"
 #include "clock/SayDate.h"
@@ -106,6 +107,7 @@ void ConnectWindow(App& app)
     on(f.mnuFileDownload, &QAction::triggered, "mnuFileDownload_Click", mnuFileDownload_Click);
     on(f.mnuAboutSite, &QAction::triggered, "mnuAboutSite_Click", mnuAboutSite_Click);
     on(f.mnuAboutSplash, &QAction::triggered, "mnuAboutSplash_Click", mnuAboutSplash_Click);
+    on(f.mnuQuorlApp, &QAction::triggered, "mnuQuorlApp_Click", mnuQuorlApp_Click);
     on(f.Command1, &QPushButton::clicked, "Command1_Click", Command1_Click);
 }
 

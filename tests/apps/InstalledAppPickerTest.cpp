@@ -1,0 +1,165 @@
+#include "apps/InstalledAppPicker.h"
+
+#include "apps/frmApp.h"
+#include "fakes/LoadedProgram.h"
+#include "platform/InstalledApps.h"
+
+#include <QAction>
+#include <QDirIterator>
+#include <QFile>
+#include <QLineEdit>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using namespace Qt::Literals::StringLiterals;
+
+// Where the desktop's entries are looked for, and the language of their names.
+void useDesktop(const QString& dataDirs, const QString& dataHome, const char* language)
+{
+    qputenv("XDG_DATA_DIRS", dataDirs.toLocal8Bit());
+    qputenv("XDG_DATA_HOME", dataHome.toLocal8Bit());
+    qputenv("LANGUAGE", language);
+}
+
+const QString LongName = u"Long: Editor-Pro (2026 Edition) for everything you wanted"_s;
+
+// An XDG data folder with entries of every kind the picker must tell apart.
+struct Fixture {
+    Fixture()
+    {
+        write("calc", "Name=Calculator\nName[de]=Rechner\nExec=true\nIcon=accessories-calculator");
+        write("secret", "Name=Secret\nNoDisplay=true\nExec=true");
+        write("gone", "Name=Gone\nHidden=true\nExec=true");
+        write("tools/viewer", "Name=Viewer\nExec=cat --number %U");
+        write("echo", R"(Name=Quoted Echo
+Exec="/bin/echo" "two words" "say \\"hi\\"" 100%% %f)");
+        write("long", "Name=" + LongName.toUtf8() + "\nExec=true --long");
+        useDesktop(data.path(), home.path(), "de");
+    }
+
+    void write(const char* name, const QByteArray& keys)
+    {
+        const QString path =
+            data.filePath("applications/"_L1 + QLatin1String(name) + ".desktop"_L1);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[Desktop Entry]\nType=Application\n" + keys + '\n');
+    }
+
+    QTemporaryDir data;
+    QTemporaryDir home;
+};
+
+TEST(InstalledAppsTest, ListsTheShownEntriesWithLocalNamesAndPlainCommands)
+{
+    Fixture fixture;
+    std::vector<std::pair<QString, QStringList>> listed;
+    for (const platform::InstalledApp& app : platform::InstalledApplications())
+        listed.emplace_back(app.Name, QProcess::splitCommand(app.CommandLine));
+    const std::vector<std::pair<QString, QStringList>> expected{
+        {LongName, {u"true"_s, u"--long"_s}},
+        {u"Quoted Echo"_s, {u"/bin/echo"_s, u"two words"_s, u"say \"hi\""_s, u"100%"_s}},
+        {u"Rechner"_s, {u"true"_s}},
+        {u"Viewer"_s, {u"cat"_s, u"--number"_s}},
+    };
+    EXPECT_EQ(listed, expected);
+}
+
+// What a plain reading of the entries finds: shown applications whose program exists.
+QStringList scannedNames(const QString& folder)
+{
+    QStringList names;
+    QDirIterator files(folder, {u"*.desktop"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+            continue;
+        QMap<QString, QString> keys;
+        bool inEntry = false;
+        for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+            if (line.startsWith(u'['))
+                inEntry = line.trimmed() == "[Desktop Entry]"_L1;
+            else if (inEntry && line.contains(u'='))
+                keys.insert(line.section(u'=', 0, 0).trimmed(), line.section(u'=', 1).trimmed());
+        }
+        auto found = [&](const QString& key) {
+            return !QStandardPaths::findExecutable(keys.value(key).section(u' ', 0, 0)).isEmpty();
+        };
+        if (keys.value(u"Type"_s) == "Application"_L1 && keys.value(u"NoDisplay"_s) != "true"_L1 &&
+            keys.value(u"Hidden"_s) != "true"_L1 && !keys.contains(u"OnlyShowIn"_s) &&
+            !keys.contains(u"NotShowIn"_s) && found(u"Exec"_s) &&
+            (!keys.contains(u"TryExec"_s) || found(u"TryExec"_s)))
+            names << keys.value(u"Name"_s);
+    }
+    return names;
+}
+
+TEST(InstalledAppsTest, ListsAtLeastWhatAPlainScanOfThisMachineFinds)
+{
+    QTemporaryDir home;
+    useDesktop(u"/usr/share"_s, home.path(), "C");
+    const QStringList scanned = scannedNames(u"/usr/share/applications"_s);
+    if (scanned.isEmpty())
+        GTEST_SKIP() << "this machine has no desktop entries to compare with";
+    QStringList listed;
+    for (const platform::InstalledApp& app : platform::InstalledApplications())
+        listed << app.Name;
+    for (const QString& name : scanned)
+        EXPECT_TRUE(listed.contains(name)) << name.toStdString();
+}
+
+TEST(InstalledAppPickerTest, APickFillsTheBoxesOfTheApplicationWindow)
+{
+    Fixture fixture;
+    fakes::LoadedProgram program;
+    QTemporaryDir appPath;
+    program.app.AppPath = appPath.path();
+    frmApp form(program.app);
+    ASSERT_TRUE(form.Form_Load());
+
+    const struct {
+        QString typed;
+        std::vector<Qt::Key> keys;
+        QString name, voice, path;
+    } picks[] = {
+        {u"rech"_s, {Qt::Key_Return}, u"Rechner"_s, u"Rechner"_s, u"true"_s},
+        {u"VIEW"_s, {Qt::Key_Return}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
+        {u"calc"_s, {Qt::Key_Escape}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
+        {u"nothing like it"_s, {Qt::Key_Return}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
+        {u"o"_s,
+         {Qt::Key_Down, Qt::Key_Return},
+         u"Quoted Echo"_s,
+         u"Rechner"_s,
+         uR"(/bin/echo "two words" "say """hi"""" 100%)"_s},
+        {QString(),
+         {Qt::Key_Return},
+         LongName.left(50),
+         u"Long Editor Pro 2026 Edition for everything you"_s,
+         u"true --long"_s},
+    };
+    for (const auto& pick : picks) {
+        if (pick.name == LongName.left(50))
+            form.txtVoice->clear();
+        program.fp.onModal = [&](QDialog& picker) {
+            picker.show();
+            auto* search = dynamic_cast<InstalledAppPicker&>(picker).txtSearch;
+            QTest::keyClicks(search, pick.typed);
+            for (Qt::Key key : pick.keys)
+                QTest::keyClick(search, key);
+        };
+        form.mnuBrowseInstalled->trigger();
+        EXPECT_EQ(form.txtName->text(), pick.name) << pick.typed.toStdString();
+        EXPECT_EQ(form.txtVoice->text(), pick.voice) << pick.typed.toStdString();
+        EXPECT_EQ(form.txtPath->text(), pick.path) << pick.typed.toStdString();
+    }
+    form.Form_Unload();
+}
+
+} // namespace
