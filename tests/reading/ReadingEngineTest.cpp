@@ -278,4 +278,36 @@ TEST_F(ReadingEngineTest, EventsDuringATick)
     EXPECT_EQ(fp.agent->calls.filter(QStringLiteral("ReadReturn")).size(), 1);
 }
 
+TEST_F(ReadingEngineTest, EmptyFileLeavesTheBarEmptyNotBusy)
+{
+    readFile("");
+    EXPECT_GT(form().ProgressBar1->maximum(), form().ProgressBar1->minimum());
+    EXPECT_EQ(form().ProgressBar1->value(), 0);
+}
+
+TEST_F(ReadingEngineTest, WithoutACharacterTheRoutinesRaiseError91)
+{
+    app.AnimateRead = QStringLiteral("1");
+    app.Character = nullptr;
+    const std::pair<const char*, void (*)(App&)> routines[] = {
+        {"cmdTalk_Click", cmdTalk_Click},
+        {"Read_Click", Read_Click},
+        {"cmdCont_Click", cmdCont_Click},
+        {"cmdStop_Click", cmdStop_Click},
+    };
+    for (const auto& [name, routine] : routines) {
+        SCOPED_TRACE(name);
+        try {
+            routine(app);
+            ADD_FAILURE() << "no error";
+        } catch (const platform::RuntimeError& error) {
+            EXPECT_EQ(error.Number, 91);
+        }
+    }
+    readFile("one\n");
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("No character is loaded."));
+    EXPECT_FALSE(form().Timer2->isActive());
+}
+
 } // namespace
