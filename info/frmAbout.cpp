@@ -49,7 +49,6 @@ frmAbout::frmAbout(App& app, QWidget* parent) : QDialog(parent), app_(app)
     Label2 = new QLabel(QStringLiteral("Programmed By:"), this);
     Label3 = new QLabel(AuthorName, this);
     Label5 = new QLabel(SupportAddress, this);
-    Label5->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     Label4 = new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(HomePageUrl), this);
     Label4->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     Label4->setFocusPolicy(Qt::StrongFocus);
@@ -87,7 +86,9 @@ frmAbout::frmAbout(App& app, QWidget* parent) : QDialog(parent), app_(app)
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdSysInfo);
     grid->addLayout(buttons, 8, 0, 1, 3);
-    setTabOrder({cmdOK, cmdSysInfo, Label4});
+    setTabOrder(cmdOK, cmdSysInfo);
+    setTabOrder(cmdSysInfo, Label4);
+    setTabOrder(Label4, Label5);
 
     Timer1 = new QTimer(this);
     Timer1->setInterval(500);

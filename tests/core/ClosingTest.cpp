@@ -6,7 +6,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QPushButton>
 #include <QSlider>
 #include <gtest/gtest.h>
 
@@ -89,7 +89,7 @@ TEST_F(ClosingTest, SaveNowKeepsTheIconAndAHiddenCharacterKeepsItsPlace)
     form().mnuFileSavenow->trigger();
     EXPECT_TRUE(fp.tray.shown);
     EXPECT_EQ(fp.process.ends, 0);
-    EXPECT_EQ(fp.store.writes, WindowValues + QStringList{"Y", "X", "SaveSettings"});
+    EXPECT_EQ(fp.store.writes, (WindowValues + QStringList{"Y", "X", "SaveSettings"}));
     EXPECT_EQ(fp.store.value(QStringLiteral("SaveSettings")), QStringLiteral("False"));
 
     fp.store.writes.clear();
@@ -97,7 +97,7 @@ TEST_F(ClosingTest, SaveNowKeepsTheIconAndAHiddenCharacterKeepsItsPlace)
     character().visible = false;
     character().left = 999;
     EXPECT_TRUE(run([&] { form().mnuFileExit->trigger(); }));
-    EXPECT_EQ(fp.store.writes, WindowValues + QStringList{"SaveSettings"});
+    EXPECT_EQ(fp.store.writes, (WindowValues + QStringList{"SaveSettings"}));
     EXPECT_EQ(fp.store.value(QStringLiteral("X")), QStringLiteral("210"));
 }
 

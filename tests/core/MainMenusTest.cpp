@@ -4,10 +4,10 @@
 #include "info/frmSplash.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMetaMethod>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -59,27 +59,36 @@ TEST_F(MainMenusTest, UnderscoreButtonHidesTheWindowAndTheTrayBringsItBack)
     EXPECT_TRUE(app.MainForm->isVisible());
 }
 
+// receivers() is protected; a member pointer taken through a derived class reaches it.
+struct SignalProbe : QObject {
+    static int Receivers(const QObject* object, const char* signal)
+    {
+        return (object->*(&SignalProbe::receivers))(signal);
+    }
+};
+
 TEST_F(MainMenusTest, EveryEnabledEntryAndButtonDoesSomething)
 {
     UpdateReadingControls(app);
-    const QMetaMethod triggered = QMetaMethod::fromSignal(&QAction::triggered);
-    const QMetaMethod clicked = QMetaMethod::fromSignal(&QPushButton::clicked);
     int entries = 0;
     for (QAction* menu : app.MainForm->menuBar()->actions()) {
         for (QAction* entry : menu->menu()->actions()) {
             if (entry->isSeparator())
                 continue;
             ++entries;
-            // A check mark that only turns over is an action of its own.
-            const bool acts = entry->isCheckable() || entry->isSignalConnected(triggered);
+            // Its menu listens to every entry; a check mark that only turns over is an action of
+            // its own.
+            const bool acts =
+                entry->isCheckable() || SignalProbe::Receivers(entry, SIGNAL(triggered(bool))) > 1;
             EXPECT_TRUE(acts || !entry->isEnabled()) << qPrintable(entry->text()) << " is silent";
         }
     }
-    EXPECT_EQ(entries, 19);
+    EXPECT_EQ(entries, 17);
     for (QPushButton* button : app.MainForm->findChildren<QPushButton*>()) {
         if (!button->isVisibleTo(app.MainForm.get()))
             continue;
-        EXPECT_TRUE(button->isSignalConnected(clicked) || !button->isEnabled())
+        EXPECT_TRUE(SignalProbe::Receivers(button, SIGNAL(clicked(bool))) > 0 ||
+                    !button->isEnabled())
             << qPrintable(button->text()) << " is silent";
     }
 }
