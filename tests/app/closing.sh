@@ -7,7 +7,7 @@
 set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${pid:-}"' EXIT
 export TMPDIR=$work/tmp
 
 value() { sed -n "s/^$1=//p" "$settings"; }

@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
-# The tray icon on a real tray host (trayer): a double click hides the main window and the next
-# shows it again. Without any tray the program says so in a box before the window shows.
+# The tray icon on a real tray host (trayer, whose panel in the bottom right corner holds the
+# icon at 1257,977, 22x46): a double click hides the main window and the next shows it again;
+# a single click does nothing. Without any tray the program says so in a box before the window
+# shows.
 # Usage: tray.sh <path to quorl>   (run under xvfb-run)
 set -euo pipefail
 quorl=$1
+NO_TRAY_HOST=1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${pid:-}" "${host:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${pid:-}"' EXIT
 unset DBUS_SESSION_BUS_ADDRESS
 printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\nX=600\nY=600\n' >"$settings"
 
@@ -33,17 +36,13 @@ wait_count 1 10 && [ "$(xdotool search --onlyvisible --name '^Quorl$')" != "$box
 kill -TERM "$pid"
 wait "$pid" || true
 
-command -v trayer >/dev/null || { echo "SKIP: no tray host (trayer) installed"; exit 0; }
-trayer --edge top --align left --widthtype pixel --width 48 --heighttype pixel --height 48 \
-    --expand false --SetDockType false --SetPartialStrut false >"$work/trayer.log" 2>&1 &
-host=$!
-sleep 1
+start_tray_host
 "$quorl" >"$work/log2" 2>&1 &
 pid=$!
 wait_window '^Quorl$' 30 >/dev/null || fail "no main window beside the tray"
 sleep 2
-double_click_icon() { xdotool mousemove 20 20 click --repeat 2 --delay 100 1; }
-xdotool mousemove 20 20 click 1
+double_click_icon() { xdotool mousemove 1268 1000 click --repeat 2 --delay 100 1; }
+xdotool mousemove 1268 1000 click 1
 sleep 1
 [ "$(visible_windows)" -eq 1 ] || fail "a single click changed the window"
 double_click_icon
