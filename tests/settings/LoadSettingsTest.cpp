@@ -247,4 +247,14 @@ TEST_F(LoadSettingsTest, TopmostAndStartVisibility)
     }
 }
 
+TEST_F(LoadSettingsTest, WithoutATrayAHiddenStartIsAMinimizedOne)
+{
+    fp.tray.available = false;
+    fp.store.setValue(QStringLiteral("StartMinimized"), QStringLiteral("0"));
+    loadSettings();
+    EXPECT_TRUE(form().isVisible());
+    EXPECT_TRUE(form().isMinimized()) << "the window must stay reachable from the task bar";
+    EXPECT_EQ(fp.dialogs.boxes.size(), 1u) << "the user is told about the missing tray";
+}
+
 } // namespace
