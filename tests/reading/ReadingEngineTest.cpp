@@ -285,13 +285,6 @@ TEST_F(ReadingEngineTest, EventsDuringATick)
     EXPECT_EQ(fp.agent->calls.filter(QStringLiteral("ReadReturn")).size(), 1);
 }
 
-TEST_F(ReadingEngineTest, EmptyFileLeavesTheBarEmptyNotBusy)
-{
-    readFile("");
-    EXPECT_GT(form().ProgressBar1->maximum(), form().ProgressBar1->minimum());
-    EXPECT_EQ(form().ProgressBar1->value(), 0);
-}
-
 TEST_F(ReadingEngineTest, WithoutACharacterTheRoutinesRaiseError91)
 {
     app.AnimateRead = QStringLiteral("1");
