@@ -122,6 +122,7 @@ void KeepDisabled(QAction* entry)
     });
 }
 
+// The same for a button, which tells of the change only as an event.
 class StayDisabled : public QObject
 {
 public:

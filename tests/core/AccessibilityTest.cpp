@@ -18,27 +18,27 @@ TEST_F(AccessibilityTest, EveryControlIsReachableAndNamed)
 {
     {
         SCOPED_TRACE("frmMain with the voice panel");
-        fakes::ExpectFocusableControlsNamed(form());
+        ExpectFocusableControlsNamed(form());
     }
     {
         SCOPED_TRACE("frmSplash");
         frmSplash splash(app);
-        fakes::ExpectFocusableControlsNamed(splash);
+        ExpectFocusableControlsNamed(splash);
     }
     {
         SCOPED_TRACE("frmAbout");
         frmAbout about(app);
-        fakes::ExpectFocusableControlsNamed(about);
+        ExpectFocusableControlsNamed(about);
     }
     {
         SCOPED_TRACE("frmShut");
         frmShut shut(app);
-        fakes::ExpectFocusableControlsNamed(shut);
+        ExpectFocusableControlsNamed(shut);
     }
     {
         SCOPED_TRACE("the engine's property sheet");
         agent::PropertySheet sheet;
-        fakes::ExpectFocusableControlsNamed(sheet);
+        ExpectFocusableControlsNamed(sheet);
     }
 }
 

@@ -7,9 +7,6 @@
 #include <gtest/gtest.h>
 #include <map>
 
-namespace fakes
-{
-
 void ExpectFocusableControlsNamed(QWidget& window)
 {
     std::map<QWidget*, std::map<QString, QWidget*>> namesByParent;
@@ -48,5 +45,3 @@ void ExpectFocusableControlsNamed(QWidget& window)
         }
     }
 }
-
-} // namespace fakes
