@@ -10,6 +10,8 @@
 #include "platform/linux/QtShell.h"
 #include "platform/linux/QtSystem.h"
 #include "platform/linux/QtTrayIcon.h"
+#include "platform/linux/SignalEndRequests.h"
+#include "platform/linux/SystemInfoKeys.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -73,7 +75,8 @@ int main(int argc, char** argv)
                          QIcon(findInstalled(QStringLiteral("icons/hicolor/256x256/apps/quorl.png"),
                                              QStringLiteral("quorl-256.png")))));
 
-    platform::FileRegistryStore store(platform::FileRegistryStore::defaultFileName());
+    platform::FileRegistryStore settingsFile(platform::FileRegistryStore::defaultFileName());
+    platform::SystemInfoKeys store(settingsFile);
     platform::QtDialogs dialogs;
     platform::SystemClock clock;
     platform::QtScreen screen;
@@ -82,6 +85,8 @@ int main(int argc, char** argv)
     platform::LogindPower power;
     platform::LockFileInstance instance;
     platform::ExitProcess process;
+    process.AtEnd([&instance] { instance.Release(); });
+    platform::SignalEndRequests endRequests;
     platform::QtTrayIcon tray;
     platform::Platform platform{
         store,
@@ -93,6 +98,7 @@ int main(int argc, char** argv)
         power,
         instance,
         process,
+        endRequests,
         tray,
         createEngine,
         [](QDialog& dialog) { dialog.exec(); },

@@ -1,6 +1,7 @@
 #include "character/ApplyVoiceDefaults.h"
 
 #include "character/CurrentCharacter.h"
+#include "character/VoicePanel.h"
 #include "character/VoiceTags.h"
 #include "core/App.h"
 #include "core/frmMain.h"
@@ -29,10 +30,12 @@ void ApplyVoiceDefaults(App& app)
 {
     frmMain& f = *app.MainForm;
     RunPassingErrorsOver({
-        [&] { app.PitchTag = PitchTagOf(CurrentCharacter(app).Pitch()); },
-        [&] { f.sdrPitch->setValue(CurrentCharacter(app).Pitch()); },
-        [&] { app.SpeedTag = SpeedTagOf(CurrentCharacter(app).Speed()); },
-        [&] { f.sdrSpeed->setValue(CurrentCharacter(app).Speed()); },
+        [&] {
+            SetVoiceValue(*f.sdrPitch, app.PitchTag, PitchTagOf, CurrentCharacter(app).Pitch());
+        },
+        [&] {
+            SetVoiceValue(*f.sdrSpeed, app.SpeedTag, SpeedTagOf, CurrentCharacter(app).Speed());
+        },
         [&] { app.VolumeTag = VolumeTagOf(f.sdrVolume->maximum()); },
         [&] { f.sdrVolume->setValue(f.sdrVolume->maximum()); },
     });

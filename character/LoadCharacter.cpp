@@ -7,6 +7,7 @@
 #include "core/frmMain.h"
 #include "platform/RuntimeError.h"
 
+#include <QAction>
 #include <QPushButton>
 #include <cmath>
 #include <cstdint>
@@ -119,8 +120,11 @@ Steps OptionSteps(App& app, const QString& File)
         },
         [&] {
             const bool visible = CurrentCharacter(app).Visible();
-            app.MainForm->cmdShow->setText(visible ? QStringLiteral("&Hide")
-                                                   : QStringLiteral("&Show"));
+            frmMain& f = *app.MainForm;
+            f.cmdShow->setText(visible ? QStringLiteral("&Hide") : QStringLiteral("&Show"));
+            // A character hidden from the start raises no Hide event to do this.
+            f.mnuQuorlTime->setEnabled(visible);
+            f.mnuQuorlDate->setEnabled(visible);
         },
     };
 }

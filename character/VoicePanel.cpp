@@ -11,13 +11,6 @@
 #include <QPushButton>
 #include <QSlider>
 
-namespace
-{
-// The narrow window ends before the voice panel, which stands to the right.
-constexpr int WidthWithoutPanel = 4800;
-constexpr int WidthWithPanel = 8310;
-} // namespace
-
 void cmdDefaults_Click(App& app)
 {
     ApplyVoiceDefaults(app);
@@ -38,6 +31,13 @@ void sdrVolume_Change(App& app)
     app.VolumeTag = VolumeTagOf(app.MainForm->sdrVolume->value());
 }
 
+void SetVoiceValue(QSlider& slider, QString& tag, QString (*tagOf)(int), int value)
+{
+    // The slider's change event rebuilds the tag from the slider, so the tag comes last.
+    slider.setValue(value);
+    tag = tagOf(value);
+}
+
 void mnuViewVoice_Click(App& app)
 {
     frmMain& f = *app.MainForm;
@@ -48,5 +48,5 @@ void mnuViewVoice_Click(App& app)
     f.mnuViewVoice->setChecked(show);
     // The window's minimum size must follow the panel before the new width can hold.
     f.layout()->activate();
-    f.setWidthTwips(show ? WidthWithPanel : WidthWithoutPanel);
+    f.setWidthTwips(show ? frmMain::WidthWithPanel : frmMain::WidthWithoutPanel);
 }

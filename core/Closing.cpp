@@ -27,8 +27,10 @@ void SaveWindowSettings(App& app)
     if (f.SaveNow == 1 || f.mnuFileSave->isChecked()) {
         s.Write(QStringLiteral("WinY"), QString::number(f.TopTwips()));
         s.Write(QStringLiteral("WinX"), QString::number(f.LeftTwips()));
-        s.Write(QStringLiteral("Pitch"), QString::number(f.sdrPitch->value()));
-        s.Write(QStringLiteral("Speed"), QString::number(f.sdrSpeed->value()));
+        // The tags hold the voice whole: a character's own pitch or speed beyond the sliders'
+        // range shows on the slider only as its end.
+        s.Write(QStringLiteral("Pitch"), QString::number(Conversions::TagValue(app.PitchTag)));
+        s.Write(QStringLiteral("Speed"), QString::number(Conversions::TagValue(app.SpeedTag)));
         s.Write(QStringLiteral("Volume"), QString::number(f.sdrVolume->value()));
         s.Write(QStringLiteral("ViewVoiceSettings"), BoolText(f.mnuViewVoice->isChecked()));
         s.Write(QStringLiteral("Top"), BoolText(f.mnuViewTop->isChecked()));
@@ -47,6 +49,17 @@ void SaveWindowSettings(App& app)
 
 } // namespace
 
+bool Form_QueryUnload(App& app, UnloadMode mode)
+{
+    if (mode == UnloadMode::FormControlMenu) {
+        ToggleMainWindow(app);
+        return true;
+    }
+    if (mode == UnloadMode::AppTaskManager && app.Character)
+        app.Character->Hide();
+    return false;
+}
+
 void Form_Unload(App& app)
 {
     if (app.MainForm->SaveNow == 0)
@@ -61,9 +74,16 @@ void mnuFileSavenow_Click(App& app)
     app.MainForm->SaveNow = 0;
 }
 
-void mnuFileExit_Click(App& app)
+void UnloadAndEnd(App& app, UnloadMode mode)
 {
+    if (Form_QueryUnload(app, mode))
+        return;
     Form_Unload(app);
     app.MainForm->hide();
     app.P.process.End();
+}
+
+void mnuFileExit_Click(App& app)
+{
+    UnloadAndEnd(app, UnloadMode::FormCode);
 }

@@ -11,6 +11,12 @@ namespace Conversions
 // 0 for an empty text and for a text that begins with no number.
 double Val(const QString& text);
 
+// The number in a speech tag such as "\pit=120\".
+inline double TagValue(const QString& tag)
+{
+    return Val(tag.mid(tag.indexOf(QLatin1Char('=')) + 1));
+}
+
 // The text form of a Boolean as stored in settings: "True" or "False".
 inline QString BoolText(bool value)
 {

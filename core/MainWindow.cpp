@@ -9,6 +9,12 @@
 
 void CreateIcon(App& app)
 {
+    if (!app.P.tray.Available())
+        app.P.dialogs.MsgBox(
+            platform::BoxIcon::Information, platform::BoxButtons::OK, QStringLiteral("Quorl"),
+            QStringLiteral("This desktop has no system tray, so Quorl has no tray icon. Closing "
+                           "the Quorl window or pressing its \"_\" button minimizes it instead "
+                           "of hiding it; it stays on the task bar."));
     app.P.tray.Create(QApplication::windowIcon(), QStringLiteral("Double Click to Show/Hide Quorl"),
                       [&app] {
                           if (app.ModalOpen == 0)
@@ -21,14 +27,26 @@ void DeleteIcon(App& app)
     app.P.tray.Delete();
 }
 
+void HideMainWindow(App& app)
+{
+    if (app.P.tray.Available())
+        app.MainForm->hide();
+    else
+        app.MainForm->showMinimized();
+}
+
 void ToggleMainWindow(App& app)
 {
     frmMain& f = *app.MainForm;
-    f.setVisible(!f.isVisible());
-    if (f.isVisible() && !app.OnTop)
-        f.activateWindow();
-    else if (f.isVisible() && app.OnTop)
+    if (f.isVisible() && !f.isMinimized()) {
+        HideMainWindow(app);
+        return;
+    }
+    f.showNormal();
+    if (app.OnTop)
         SetOnTop(app, true);
+    else
+        f.activateWindow();
 }
 
 void Command1_Click(App& app)

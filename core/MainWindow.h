@@ -6,6 +6,8 @@ struct App;
 // and the web pages of its menus.
 void CreateIcon(App& app);
 void DeleteIcon(App& app);
+// Hides the window; where the desktop has no tray to bring it back, minimizes it instead.
+void HideMainWindow(App& app);
 // Shows a hidden window or hides a shown one; a shown window comes back on top if it was.
 void ToggleMainWindow(App& app);
 void Command1_Click(App& app);

@@ -1,9 +1,9 @@
 #include "core/frmMain.h"
 
 #include "core/App.h"
+#include "core/Closing.h"
 #include "core/Controls.h"
 #include "core/Conversions.h"
-#include "core/MainWindow.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -57,6 +58,10 @@ frmMain::frmMain(App& app) : app(app)
     setCentralWidget(central);
     buildMenus();
 
+    // The size it will be shown at, so that it can be placed before it is shown.
+    adjustSize();
+    setWidthTwips(WidthWithPanel);
+
     Timer2 = new QTimer(this);
     Timer2->setInterval(100);
     RemindTimer = new QTimer(this);
@@ -70,6 +75,8 @@ void frmMain::buildReadingControls(QWidget* parent)
     Frame2 = new QGroupBox(QStringLiteral("Quorl"), parent);
     auto* grid = new QGridLayout(Frame2);
     txtText = new QPlainTextEdit(Frame2);
+    txtText->installEventFilter(this);
+    txtText->setAccessibleName(QStringLiteral("Text to read aloud"));
     cmdShow = button(QStringLiteral("&Show"), QStringLiteral(" Show the character "), Frame2);
     cmdTalk = button(QStringLiteral("Sa&y It!"), QStringLiteral(" Read from the text box above "),
                      Frame2);
@@ -82,6 +89,7 @@ void frmMain::buildReadingControls(QWidget* parent)
     cmdStop = button(QStringLiteral("&Stop"), QStringLiteral(" Stop reading this file "), Frame2);
     cmdOptions = button(QStringLiteral("&Options"), QStringLiteral("Quorl Options"), Frame2);
     Command1 = button(QStringLiteral("_"), QString(), Frame2);
+    Command1->setAccessibleName(QStringLiteral("Hide the Quorl window"));
     ProgressBar1 = new QProgressBar(Frame2);
     ProgressBar1->setMinimum(0);
     ProgressBar1->setMaximum(100);
@@ -125,15 +133,22 @@ void frmMain::buildVoicePanel(QWidget* parent)
         QStringLiteral("You can enter one or two characters that will not be read by Quorl"));
     txtIgnore = new QLineEdit(Frame1);
     txtIgnore->setMaxLength(1);
+    txtIgnore->setAccessibleName(QStringLiteral("When reading ignore, first character"));
     txtIgnore1 = new QLineEdit(Frame1);
     txtIgnore1->setMaxLength(1);
+    txtIgnore1->setAccessibleName(QStringLiteral("When reading ignore, second character"));
 
-    grid->addWidget(new QLabel(QStringLiteral("Pitch:"), Frame1), 0, 0);
-    grid->addWidget(sdrPitch, 0, 1, 1, 3);
-    grid->addWidget(new QLabel(QStringLiteral("Speed:"), Frame1), 1, 0);
-    grid->addWidget(sdrSpeed, 1, 1, 1, 3);
-    grid->addWidget(new QLabel(QStringLiteral("Volume:"), Frame1), 2, 0);
-    grid->addWidget(sdrVolume, 2, 1, 1, 3);
+    // Each slider is named by its label; its value is read out with it.
+    auto labelled = [&](const QString& caption, QSlider* s, int row) {
+        auto* label = new QLabel(caption, Frame1);
+        label->setBuddy(s);
+        s->setAccessibleName(caption.chopped(1));
+        grid->addWidget(label, row, 0);
+        grid->addWidget(s, row, 1, 1, 3);
+    };
+    labelled(QStringLiteral("Pitch:"), sdrPitch, 0);
+    labelled(QStringLiteral("Speed:"), sdrSpeed, 1);
+    labelled(QStringLiteral("Volume:"), sdrVolume, 2);
     grid->addWidget(chkWhisper, 3, 0, 1, 2);
     grid->addWidget(chkBalloon, 3, 2, 1, 2);
     grid->addWidget(cmdDefaults, 4, 0, 1, 4);
@@ -251,8 +266,42 @@ void frmMain::setWidthTwips(int twips)
     resize(twips / app.P.screen.TwipsPerPixelX(), height());
 }
 
+namespace
+{
+
+bool IsEnter(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+void frmMain::keyPressEvent(QKeyEvent* event)
+{
+    if (!IsEnter(*event)) {
+        QMainWindow::keyPressEvent(event);
+        return;
+    }
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    (focused ? focused : cmdTalk)->click();
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != txtText || event->type() != QEvent::KeyPress)
+        return QMainWindow::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (!IsEnter(*key))
+        return false;
+    if (key->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier))
+        txtText->insertPlainText(QStringLiteral("\n"));
+    else
+        cmdTalk->click();
+    return true;
+}
+
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    event->ignore();
-    ToggleMainWindow(app);
+    if (Form_QueryUnload(app, UnloadMode::FormControlMenu))
+        event->ignore();
 }

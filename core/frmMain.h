@@ -27,6 +27,10 @@ public:
 
     App& app;
 
+    // The window's width, in twips, without and with the voice panel, which stands to the right.
+    static constexpr int WidthWithoutPanel = 4800;
+    static constexpr int WidthWithPanel = 8310;
+
     // Reading controls
     QGroupBox* Frame2;
     QPlainTextEdit* txtText;
@@ -105,6 +109,10 @@ public:
 protected:
     // The close box hides the window; the program goes on.
     void closeEvent(QCloseEvent* event) override;
+    // Enter presses the default button, "Sa&y It!", or the button that has the focus; in the
+    // text box Shift+Enter or Ctrl+Enter breaks the line.
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildReadingControls(QWidget* parent);

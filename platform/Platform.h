@@ -25,6 +25,7 @@ struct Platform {
     Power& power;
     Instance& instance;
     Process& process;
+    EndRequests& endRequests;
     TrayIcon& tray;
     // Creates the character control; throws RuntimeError 339 when there is none.
     std::function<std::unique_ptr<Agent>()> createAgent;

@@ -14,7 +14,7 @@ class RegistryStore
 {
 public:
     using Handle = std::uint32_t;
-    enum ValueType : std::uint32_t { None = 0, String = 1, Binary = 3 };
+    enum ValueType : std::uint32_t { None = 0, String = 1, Binary = 3, Dword = 4 };
     static constexpr long Success = 0;
     static constexpr long NotFound = 2;
 

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <functional>
 
 namespace platform
 {
@@ -65,6 +66,16 @@ class Process
 public:
     virtual ~Process() = default;
     [[noreturn]] virtual void End() = 0;
+};
+
+// Requests from outside to end the program: the system's request to terminate (what a task
+// manager, `kill` or the service manager sends) and the end of the desktop session. Each
+// handler runs on the program's thread, from the event loop.
+class EndRequests
+{
+public:
+    virtual ~EndRequests() = default;
+    virtual void Watch(std::function<void()> onTerminate, std::function<void()> onSessionEnd) = 0;
 };
 
 } // namespace platform

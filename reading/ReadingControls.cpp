@@ -1,5 +1,6 @@
 #include "reading/ReadingControls.h"
 
+#include "character/CurrentCharacter.h"
 #include "character/SayText.h"
 #include "core/App.h"
 #include "core/Conversions.h"
@@ -33,7 +34,7 @@ void cmdCont_Click(App& app)
     f.setWindowTitle(ReadingCaption(app));
     // The tick keeps waiting for the last piece, not for this animation.
     if (ReadAnimationOn(app))
-        app.Character->Play(QStringLiteral("Read"));
+        CurrentCharacter(app).Play(QStringLiteral("Read"));
 }
 
 void cmdNext_Click(App& app)
@@ -60,17 +61,17 @@ void cmdTalk_Click(App& app)
 {
     frmMain& f = *app.MainForm;
     if (ReadAnimationOn(app))
-        app.LastRequest = app.Character->Play(QStringLiteral("Read"));
+        app.LastRequest = CurrentCharacter(app).Play(QStringLiteral("Read"));
     SayText(app, RemoveIgnored(app, f.txtText->toPlainText()), false);
     if (ReadAnimationOn(app))
-        app.LastRequest = app.Character->Play(QStringLiteral("ReadReturn"));
+        app.LastRequest = CurrentCharacter(app).Play(QStringLiteral("ReadReturn"));
     f.txtText->setFocus();
 }
 
 void Read_Click(App& app)
 {
     if (ReadAnimationOn(app))
-        app.LastRequest = app.Character->Play(QStringLiteral("Read"));
+        app.LastRequest = CurrentCharacter(app).Play(QStringLiteral("Read"));
     SayText(app, RemoveIgnored(app, app.P.clipboard.Text()), false);
 }
 

@@ -1,5 +1,6 @@
 #include "reading/ReadingEngine.h"
 
+#include "character/CurrentCharacter.h"
 #include "character/SayText.h"
 #include "core/App.h"
 #include "core/ReadingState.h"
@@ -117,9 +118,9 @@ void mnuFileRead_Click(App& app)
         f.Splitting = 0;
         f.setNextLineTaken(false);
         if (ReadAnimationOn(app))
-            app.LastRequest = app.Character->Play(QStringLiteral("Read"));
-        if (!app.Character->Visible())
-            app.LastRequest = app.Character->Show();
+            app.LastRequest = CurrentCharacter(app).Play(QStringLiteral("Read"));
+        if (!CurrentCharacter(app).Visible())
+            app.LastRequest = CurrentCharacter(app).Show();
         f.Timer2->start();
         f.setFileReadingOn(true);
         f.setWindowTitle(QStringLiteral("Quorl - Reading ") + ReadFileName);
@@ -157,7 +158,7 @@ void cmdStop_Click(App& app)
 {
     frmMain& f = *app.MainForm;
     if (ReadAnimationOn(app))
-        app.LastRequest = app.Character->Play(QStringLiteral("ReadReturn"));
+        app.LastRequest = CurrentCharacter(app).Play(QStringLiteral("ReadReturn"));
     if (!app.ReadingClip)
         app.ReadingFile.close();
     f.ProgressBar1->setValue(0);

@@ -51,7 +51,8 @@ void ScaleProgress(App& app, qint64 length, int margin)
 {
     QProgressBar& bar = *app.MainForm->ProgressBar1;
     if (length < LongestUnscaledSource + 1) {
-        bar.setMaximum(int(length));
+        // A bar whose range is empty shows Qt's busy animation; an empty source leaves it empty.
+        bar.setMaximum(qMax(1, int(length)));
         app.ProgressScale = 1.0f;
     } else {
         app.ProgressScale = float(LongestUnscaledSource) / float(length);

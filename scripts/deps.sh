@@ -15,7 +15,7 @@ build_packages=(
 run_packages=(xvfb xauth)
 test_packages=(
     googletest libgtest-dev libbenchmark-dev xvfb xauth pulseaudio sox flite python3
-    python3-dbusmock dbus dbus-x11 imagemagick xdotool
+    python3-dbusmock dbus dbus-x11 imagemagick xdotool trayer appstream dpkg-dev
 )
 
 packages=("${build_packages[@]}")

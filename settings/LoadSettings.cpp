@@ -47,16 +47,18 @@ void PlaceEdge(App& app, const QString& name, int screenSize, int windowSize,
     }
 }
 
-// The stored slider value, or the character's default, stored, when there is none.
-void LoadSlider(App& app, const QString& name, QSlider* slider)
+// The stored voice value, or the character's default, stored, when there is none. The tag
+// holds the value whole; the slider shows it within its range.
+void LoadVoiceValue(App& app, const QString& name, QSlider* slider, QString& tag,
+                    QString (*tagOf)(int))
 {
     QString value = app.Settings.ReadText(name);
     if (value.isEmpty()) {
         ApplyVoiceDefaults(app);
-        value = QString::number(slider->value());
+        value = QString::number(Conversions::TagValue(tag));
         app.Settings.Write(name, value);
     }
-    slider->setValue(int(std::nearbyint(Conversions::Val(value))));
+    SetVoiceValue(*slider, tag, tagOf, int(std::nearbyint(Conversions::Val(value))));
 }
 
 void LoadWindowSettings(App& app)
@@ -110,43 +112,50 @@ void LoadCharacterSettings(App& app)
     frmMain& f = *app.MainForm;
     const auto& s = app.Settings;
     QString file;
-    RunSteps(app, true, 4.2f,
-             {
-                 [&] { file = s.ReadText(QStringLiteral("Character")); },
-                 [&] {
-                     if (!file.isEmpty() && !file.contains(QLatin1Char('/')))
-                         file = app.AppPath + QLatin1Char('/') + file;
-                 },
-                 [&] {
-                     if (file.isEmpty())
-                         app.P.dialogs.MsgBox(
-                             BoxIcon::Information, BoxButtons::OK,
-                             QStringLiteral("Please select a character.."),
-                             QStringLiteral("This is your first time to run Quorl. Please "
-                                            "select a character to be used."));
-                 },
-                 [&] { LoadCharacter(app, true, file, false); },
-                 [&] { CreateIcon(app); },
-                 [&] { app.ModalOpen = 0; },
-                 [&] { LoadSlider(app, QStringLiteral("Pitch"), f.sdrPitch); },
-                 [&] { LoadSlider(app, QStringLiteral("Speed"), f.sdrSpeed); },
-                 [&] { LoadSlider(app, QStringLiteral("Volume"), f.sdrVolume); },
-                 [&] { app.PitchTag = PitchTagOf(f.sdrPitch->value()); },
-                 [&] { app.SpeedTag = SpeedTagOf(f.sdrSpeed->value()); },
-                 [&] { app.VolumeTag = VolumeTagOf(f.sdrVolume->value()); },
-                 [&] {
-                     if (s.Get(QStringLiteral("Top"), QStringLiteral("False")) == True) {
-                         SetOnTop(app, true);
-                         f.mnuViewTop->setChecked(true);
-                     } else {
-                         SetOnTop(app, false);
-                     }
-                 },
-                 [&] {
-                     f.setVisible(
-                         IsOn(s.Get(QStringLiteral("StartMinimized"), QStringLiteral("1"))));
-                 },
-             });
+    RunSteps(
+        app, true, 4.2f,
+        {
+            [&] { file = s.ReadText(QStringLiteral("Character")); },
+            [&] {
+                if (!file.isEmpty() && !file.contains(QLatin1Char('/')))
+                    file = app.AppPath + QLatin1Char('/') + file;
+            },
+            [&] {
+                if (file.isEmpty())
+                    app.P.dialogs.MsgBox(
+                        BoxIcon::Information, BoxButtons::OK,
+                        QStringLiteral("Please select a character.."),
+                        QStringLiteral("This is your first time to run Quorl. Please "
+                                       "select a character to be used."));
+            },
+            [&] { LoadCharacter(app, true, file, false); },
+            [&] { CreateIcon(app); },
+            [&] { app.ModalOpen = 0; },
+            [&] {
+                LoadVoiceValue(app, QStringLiteral("Pitch"), f.sdrPitch, app.PitchTag, PitchTagOf);
+            },
+            [&] {
+                LoadVoiceValue(app, QStringLiteral("Speed"), f.sdrSpeed, app.SpeedTag, SpeedTagOf);
+            },
+            [&] {
+                LoadVoiceValue(app, QStringLiteral("Volume"), f.sdrVolume, app.VolumeTag,
+                               VolumeTagOf);
+            },
+            [&] {
+                if (s.Get(QStringLiteral("Top"), QStringLiteral("False")) == True) {
+                    SetOnTop(app, true);
+                    f.mnuViewTop->setChecked(true);
+                } else {
+                    SetOnTop(app, false);
+                }
+            },
+            [&] {
+                if (IsOn(s.Get(QStringLiteral("StartMinimized"), QStringLiteral("1"))))
+                    f.show();
+                else
+                    HideMainWindow(app);
+            },
+        });
 }
 
 } // namespace

@@ -68,6 +68,7 @@ void Main(App& app)
     }
     try {
         LoadSettings(app);
+        WatchEndRequests(app);
         UpdateReadingControls(app);
         LoadApps(app);
         LoadNotes(app);

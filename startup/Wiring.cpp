@@ -12,12 +12,14 @@
 #include "core/Guard.h"
 #include "core/MainWindow.h"
 #include "core/frmMain.h"
+#include "info/frmAbout.h"
 #include "info/frmSplash.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -109,14 +111,62 @@ void ConnectWindow(App& app)
     on(f.mnuAboutSplash, &QAction::triggered, "mnuAboutSplash_Click", mnuAboutSplash_Click);
     on(f.mnuQuorlApp, &QAction::triggered, "mnuQuorlApp_Click", mnuQuorlApp_Click);
     on(f.Command1, &QPushButton::clicked, "Command1_Click", Command1_Click);
+    on(f.mnuAboutAbout, &QAction::triggered, "mnuAboutAbout_Click", mnuAboutAbout_Click);
+}
+
+// Keeps an entry disabled when the reading state would enable it again.
+void KeepDisabled(QAction* entry)
+{
+    entry->setEnabled(false);
+    QObject::connect(entry, &QAction::enabledChanged, entry, [entry](bool enabled) {
+        if (enabled)
+            entry->setEnabled(false);
+    });
+}
+
+// The same for a button, which tells of the change only as an event.
+class StayDisabled : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto* widget = static_cast<QWidget*>(watched);
+        if (event->type() == QEvent::EnabledChange && widget->isEnabled())
+            widget->setEnabled(false);
+        return false;
+    }
+};
+
+void KeepDisabled(QWidget* button)
+{
+    button->setEnabled(false);
+    button->installEventFilter(new StayDisabled(button));
+}
+
+// The windows that are not in the program yet: their entries stay disabled rather than do
+// nothing. Drop an entry here when its window lands and its routine is connected above.
+void DisableEntriesWithoutWindows(frmMain& f)
+{
+    KeepDisabled(f.mnuFileOptions);
+    KeepDisabled(f.cmdOptions);
+    KeepDisabled(f.mnuQuorlReminders);
 }
 
 } // namespace
+
+void WatchEndRequests(App& app)
+{
+    app.P.endRequests.Watch(
+        Guarded("Form_QueryUnload", [&app] { UnloadAndEnd(app, UnloadMode::AppTaskManager); }),
+        Guarded("Form_QueryUnload", [&app] { UnloadAndEnd(app, UnloadMode::AppWindows); }));
+}
 
 void WireProgram(App& app)
 {
     SetHooks(app);
     ConnectWindow(app);
+    DisableEntriesWithoutWindows(*app.MainForm);
     app.Events = std::make_unique<ProgramEvents>(app);
     app.Agent1->setEventSink(app.Events.get());
 }

@@ -38,21 +38,26 @@ QString hiveName(std::uint32_t hive)
 
 } // namespace
 
-FileRegistryStore::FileRegistryStore(const QString& fileName) : fileName_(fileName)
+FileRegistryStore::FileRegistryStore(const QString& fileName) : fileName_(fileName) {}
+
+QSettings& FileRegistryStore::settings()
 {
-    QDir().mkpath(QFileInfo(fileName).absolutePath());
-    settings_ = std::make_unique<QSettings>(fileName, QSettings::IniFormat);
-    if (QFileInfo::exists(fileName) &&
-        (settings_->status() != QSettings::NoError || !looksLikeSettingsText(fileName))) {
+    if (settings_)
+        return *settings_;
+    QDir().mkpath(QFileInfo(fileName_).absolutePath());
+    settings_ = std::make_unique<QSettings>(fileName_, QSettings::IniFormat);
+    if (QFileInfo::exists(fileName_) &&
+        (settings_->status() != QSettings::NoError || !looksLikeSettingsText(fileName_))) {
         settings_.reset();
-        setAside_ = fileName + QStringLiteral(".unreadable-") +
+        setAside_ = fileName_ + QStringLiteral(".unreadable-") +
                     QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
-        if (!QFile::rename(fileName, setAside_))
+        if (!QFile::rename(fileName_, setAside_))
             setAside_.clear();
-        qCWarning(lcStore) << "settings file" << fileName << "could not be read; kept as"
+        qCWarning(lcStore) << "settings file" << fileName_ << "could not be read; kept as"
                            << setAside_;
-        settings_ = std::make_unique<QSettings>(fileName, QSettings::IniFormat);
+        settings_ = std::make_unique<QSettings>(fileName_, QSettings::IniFormat);
     }
+    return *settings_;
 }
 
 FileRegistryStore::~FileRegistryStore() = default;
@@ -81,17 +86,17 @@ QString FileRegistryStore::valueKey(const QString& group, const QString& name)
 
 bool FileRegistryStore::groupExists(const QString& group)
 {
-    settings_->beginGroup(group);
-    const bool exists = !settings_->childKeys().isEmpty() || !settings_->childGroups().isEmpty();
-    settings_->endGroup();
+    settings().beginGroup(group);
+    const bool exists = !settings().childKeys().isEmpty() || !settings().childGroups().isEmpty();
+    settings().endGroup();
     return exists;
 }
 
 QString FileRegistryStore::storedName(const QString& group, const QString& name)
 {
-    settings_->beginGroup(group);
-    const QStringList keys = settings_->childKeys();
-    settings_->endGroup();
+    settings().beginGroup(group);
+    const QStringList keys = settings().childKeys();
+    settings().endGroup();
     for (const QString& key : keys)
         if (key.compare(name, Qt::CaseInsensitive) == 0)
             return key;
@@ -127,7 +132,7 @@ long FileRegistryStore::RegQueryValueExA(Handle key, const QString& name, std::u
     const QString stored = storedName(it->second, name);
     if (stored.isEmpty())
         return NotFound;
-    const QVariant value = settings_->value(valueKey(it->second, stored));
+    const QVariant value = settings().value(valueKey(it->second, stored));
     QByteArray bytes;
     if (value.typeId() == QMetaType::QByteArray) {
         type = Binary;
@@ -153,11 +158,11 @@ long FileRegistryStore::RegSetValueExA(Handle key, const QString& name, std::uin
         stored = name;
     const QString fullName = valueKey(it->second, stored);
     if (type == Binary)
-        settings_->setValue(fullName, data);
+        settings().setValue(fullName, data);
     else
-        settings_->setValue(fullName, QString::fromUtf8(data));
-    settings_->sync();
-    if (settings_->status() != QSettings::NoError) {
+        settings().setValue(fullName, QString::fromUtf8(data));
+    settings().sync();
+    if (settings().status() != QSettings::NoError) {
         qCWarning(lcStore) << "could not write the settings file" << fileName_;
         return 1;
     }

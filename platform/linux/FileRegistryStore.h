@@ -11,8 +11,9 @@ namespace platform
 
 // The settings store as a per-user file. Each key is a group of the file; value names are
 // matched without regard to case. Every change is written at once and atomically (the file
-// is replaced, never rewritten in place). A file that cannot be read as settings is renamed
-// aside and the store starts empty.
+// is replaced, never rewritten in place). The file is first looked at by the first operation,
+// so that a program that stops before that (a refused second instance) touches nothing. A
+// file that cannot be read as settings is renamed aside then and the store starts empty.
 class FileRegistryStore : public RegistryStore
 {
 public:
@@ -31,10 +32,11 @@ public:
                         const QByteArray& data) override;
     long RegCloseKey(Handle key) override;
 
-    // The name the unreadable file was renamed to, if one was found at start.
+    // The name the unreadable file was renamed to, if one was found at the first operation.
     QString setAsideFileName() const { return setAside_; }
 
 private:
+    QSettings& settings();
     QString groupOf(std::uint32_t hive, const QString& path) const;
     static QString valueKey(const QString& group, const QString& name);
     bool groupExists(const QString& group);

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
@@ -56,9 +57,10 @@ LockFileInstance::LockFileInstance(const QString& lockFileName) : lock_(lockFile
 
 QString LockFileInstance::defaultLockFileName()
 {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty())
-        folder = QDir::tempPath();
+    QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (folder.isEmpty() || !QFileInfo(folder).isDir())
+        folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+                 QStringLiteral("/Kestrane");
     return folder + QStringLiteral("/quorl.lock");
 }
 
@@ -66,11 +68,25 @@ bool LockFileInstance::PreviousInstanceRunning()
 {
     if (lock_.isLocked())
         return false;
+    QDir().mkpath(QFileInfo(lock_.fileName()).absolutePath());
     return !lock_.tryLock(0) && lock_.error() == QLockFile::LockFailedError;
+}
+
+void LockFileInstance::Release()
+{
+    if (lock_.isLocked())
+        lock_.unlock();
+}
+
+void ExitProcess::AtEnd(std::function<void()> step)
+{
+    atEnd_.push_back(std::move(step));
 }
 
 void ExitProcess::End()
 {
+    for (const auto& step : atEnd_)
+        step();
     std::fflush(nullptr);
     std::_Exit(0);
 }

@@ -3,7 +3,8 @@
 #include "platform/System.h"
 
 #include <QLockFile>
-#include <memory>
+#include <functional>
+#include <vector>
 
 namespace platform
 {
@@ -36,16 +37,26 @@ class LockFileInstance : public Instance
 public:
     explicit LockFileInstance(const QString& lockFileName = defaultLockFileName());
     bool PreviousInstanceRunning() override;
+    // Removes the lock file if this instance holds it.
+    void Release();
+    // In $XDG_RUNTIME_DIR, or without one in the user's cache folder: never in the shared
+    // temporary folder, where a lock would outlive the session.
     static QString defaultLockFileName();
 
 private:
     QLockFile lock_;
 };
 
+// Ends at once; what was registered with AtEnd runs first, so that the end leaves no file of
+// the program behind.
 class ExitProcess : public Process
 {
 public:
+    void AtEnd(std::function<void()> step);
     [[noreturn]] void End() override;
+
+private:
+    std::vector<std::function<void()>> atEnd_;
 };
 
 } // namespace platform

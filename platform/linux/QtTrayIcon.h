@@ -14,6 +14,7 @@ class QtTrayIcon : public TrayIcon
 public:
     QtTrayIcon();
     ~QtTrayIcon() override;
+    bool Available() const override;
     void Create(const QIcon& icon, const QString& tip,
                 std::function<void()> onDoubleClick) override;
     void Delete() override;

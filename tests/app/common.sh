@@ -7,6 +7,24 @@ chmod 700 "$XDG_RUNTIME_DIR"
 unset PULSE_SERVER QT_QPA_PLATFORM
 settings=$XDG_CONFIG_HOME/Kestrane/Quorl.conf
 
+# A tray host in the bottom right corner, as most desktops have one; without a tray the program
+# stops at start-up to say so. Set NO_TRAY_HOST=1 before sourcing to go without.
+start_tray_host() {
+    trayer --edge bottom --align right --widthtype pixel --width 48 --heighttype pixel --height 48 \
+        --expand false --SetDockType false --SetPartialStrut false >"$work/trayer.log" 2>&1 &
+    tray_host=$!
+    sleep 1
+}
+[ "${NO_TRAY_HOST:-0}" = 1 ] || start_tray_host
+
+# For the EXIT trap: ends the given processes and the tray host, waits until they have gone
+# (an ended program still writes its settings), and removes the run's folders.
+finish() {
+    kill "$@" "${tray_host:-}" 2>/dev/null || true
+    wait || true
+    rm -rf "$work"
+}
+
 fail() { echo "FAIL: $*" >&2; echo "--- program log" >&2; cat "$work"/log* >&2 || true; exit 1; }
 
 # Waits up to $2 seconds for a visible window whose title matches $1 and prints its id.

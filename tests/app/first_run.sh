@@ -8,7 +8,7 @@
 set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${pid:-}"' EXIT
 export QT_LOGGING_RULES="agent.speech.debug=true"
 
 wait_setting() {

@@ -5,7 +5,7 @@
 set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${first:-}" "${second:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${first:-}" "${second:-}"' EXIT
 printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\n' >"$settings"
 
 "$quorl" >"$work/log1" 2>&1 &

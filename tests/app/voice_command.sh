@@ -7,7 +7,7 @@ set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
 export QT_LOGGING_RULES="agent.speech.debug=true"
-trap 'kill "${pid:-}" 2>/dev/null || true; pulseaudio --kill 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'pulseaudio --kill 2>/dev/null || true; finish "${pid:-}"' EXIT
 printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\n' >"$settings"
 
 # The character speaks into "speaker"; the microphone hears only what is played into "voice".

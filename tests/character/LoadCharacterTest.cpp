@@ -3,6 +3,7 @@
 #include "fakes/LoadedProgram.h"
 #include "startup/Wiring.h"
 
+#include <QAction>
 #include <QPushButton>
 #include <QSlider>
 #include <gtest/gtest.h>
@@ -164,6 +165,17 @@ TEST_F(LoadCharacterTest, CharacterOptions)
                 options << call;
         EXPECT_EQ(options.mid(options.size() - 3), c.tail);
     }
+}
+
+TEST_F(LoadCharacterTest, ClockMenusWaitForACharacterHiddenFromTheStart)
+{
+    fp.store.setValue(QStringLiteral("Show"), QStringLiteral("0"));
+    load(true, Good);
+    EXPECT_FALSE(app.MainForm->mnuQuorlTime->isEnabled());
+    EXPECT_FALSE(app.MainForm->mnuQuorlDate->isEnabled());
+    fp.agent->raiseShow(CharacterId);
+    EXPECT_TRUE(app.MainForm->mnuQuorlTime->isEnabled());
+    EXPECT_TRUE(app.MainForm->mnuQuorlDate->isEnabled());
 }
 
 TEST_F(LoadCharacterTest, BadFileAtStartUpAsksUntilAFileLoads)

@@ -32,6 +32,17 @@ TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceAndTheTopVolume)
     EXPECT_EQ(app.VolumeTag, QStringLiteral("\\vol=65535\\"));
 }
 
+TEST_F(VoicePanelTest, ACharactersVoiceBeyondTheSlidersStaysInTheTags)
+{
+    character().pitch = 30;
+    character().speed = 300;
+    cmdDefaults_Click(app);
+    EXPECT_EQ(form().sdrPitch->value(), 50);
+    EXPECT_EQ(form().sdrSpeed->value(), 250);
+    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=30\\"));
+    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=300\\"));
+}
+
 TEST_F(VoicePanelTest, DefaultsPassOverAMissingCharacter)
 {
     app.Character = nullptr;

@@ -150,6 +150,7 @@ FakePlatform::FakePlatform()
                power,
                instance,
                process,
+               endRequests,
                tray,
                [this]() -> std::unique_ptr<platform::Agent> {
                    if (agentMissing)

@@ -148,9 +148,22 @@ public:
     int ends = 0;
 };
 
+class FakeEndRequests : public platform::EndRequests
+{
+public:
+    void Watch(std::function<void()> onTerminate, std::function<void()> onSessionEnd) override
+    {
+        terminate = std::move(onTerminate);
+        sessionEnd = std::move(onSessionEnd);
+    }
+    std::function<void()> terminate;
+    std::function<void()> sessionEnd;
+};
+
 class FakeTray : public platform::TrayIcon
 {
 public:
+    bool Available() const override { return available; }
     void Create(const QIcon&, const QString& tip, std::function<void()> onDoubleClick) override
     {
         this->tip = tip;
@@ -158,6 +171,7 @@ public:
         shown = true;
     }
     void Delete() override { shown = false; }
+    bool available = true;
     bool shown = false;
     QString tip;
     std::function<void()> doubleClick;
@@ -179,6 +193,7 @@ public:
     FakePower power;
     FakeInstance instance;
     FakeProcess process;
+    FakeEndRequests endRequests;
     FakeTray tray;
     bool agentMissing = false;
     FakeAgent* agent = nullptr;

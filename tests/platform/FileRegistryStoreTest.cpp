@@ -54,6 +54,14 @@ TEST_F(FileRegistryStoreTest, WritesLeaveNoTemporaryFilesBehind)
     EXPECT_EQ(files, QStringList{QStringLiteral("Quorl.conf")});
 }
 
+TEST_F(FileRegistryStoreTest, AStoreThatIsNeverUsedCreatesNothing)
+{
+    {
+        FileRegistryStore store(fileName());
+    }
+    EXPECT_FALSE(QDir(dir.path() + QStringLiteral("/Kestrane")).exists());
+}
+
 TEST_F(FileRegistryStoreTest, UnreadableFileIsKeptAsideAndTheStoreStartsEmpty)
 {
     QDir().mkpath(dir.path() + QStringLiteral("/Kestrane"));
@@ -64,6 +72,7 @@ TEST_F(FileRegistryStoreTest, UnreadableFileIsKeptAsideAndTheStoreStartsEmpty)
         file.write(garbage);
     }
     FileRegistryStore store(fileName());
+    EXPECT_TRUE(QFile::exists(fileName())) << "set aside before the first operation";
     RegFunctions::Settings settings(store);
     EXPECT_EQ(settings.ReadText(QStringLiteral("Version")), QString());
     ASSERT_FALSE(store.setAsideFileName().isEmpty());

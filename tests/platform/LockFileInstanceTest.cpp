@@ -20,7 +20,8 @@ TEST(LockFileInstanceTest, SecondInstanceSeesTheFirstUntilItGoes)
     LockFileInstance second(lock);
     EXPECT_TRUE(second.PreviousInstanceRunning());
 
-    first.reset();
+    first->Release();
+    EXPECT_FALSE(QFile::exists(lock)) << "the end leaves no lock file behind";
     LockFileInstance third(lock);
     EXPECT_FALSE(third.PreviousInstanceRunning());
 }

@@ -41,16 +41,23 @@ TEST_F(ReadingEngineTest, StartingAFileReading)
     EXPECT_TRUE(form().ReadFileName.endsWith(QStringLiteral("text.txt")));
 }
 
-TEST_F(ReadingEngineTest, CancelledDialogFreesTheOptions)
+// On a window of its own: the wiring holds these entries disabled while their windows are
+// missing, and the routine must free them all the same.
+TEST(ReadingEngineAloneTest, CancelledDialogFreesTheOptions)
 {
-    form().cmdOptions->setEnabled(false);
-    form().mnuFileOptions->setEnabled(false);
-    form().mnuQuorlApp->setEnabled(false);
+    fakes::FakePlatform fp;
+    App app(fp.platform);
+    app.Agent1 = fp.platform.createAgent();
+    app.MainForm = std::make_unique<frmMain>(app);
+    frmMain& f = *app.MainForm;
+    f.cmdOptions->setEnabled(false);
+    f.mnuFileOptions->setEnabled(false);
+    f.mnuQuorlApp->setEnabled(false);
     mnuFileRead_Click(app);
-    EXPECT_TRUE(form().cmdOptions->isEnabled());
-    EXPECT_TRUE(form().mnuFileOptions->isEnabled());
-    EXPECT_TRUE(form().mnuQuorlApp->isEnabled());
-    EXPECT_FALSE(form().Timer2->isActive());
+    EXPECT_TRUE(f.cmdOptions->isEnabled());
+    EXPECT_TRUE(f.mnuFileOptions->isEnabled());
+    EXPECT_TRUE(f.mnuQuorlApp->isEnabled());
+    EXPECT_FALSE(f.Timer2->isActive());
     EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
@@ -276,6 +283,31 @@ TEST_F(ReadingEngineTest, EventsDuringATick)
     EXPECT_TRUE(idle());
     EXPECT_EQ(spoken().size(), 2) << "the piece cut when Stop came still goes out";
     EXPECT_EQ(fp.agent->calls.filter(QStringLiteral("ReadReturn")).size(), 1);
+}
+
+TEST_F(ReadingEngineTest, WithoutACharacterTheRoutinesRaiseError91)
+{
+    app.AnimateRead = QStringLiteral("1");
+    app.Character = nullptr;
+    const std::pair<const char*, void (*)(App&)> routines[] = {
+        {"cmdTalk_Click", cmdTalk_Click},
+        {"Read_Click", Read_Click},
+        {"cmdCont_Click", cmdCont_Click},
+        {"cmdStop_Click", cmdStop_Click},
+    };
+    for (const auto& [name, routine] : routines) {
+        SCOPED_TRACE(name);
+        try {
+            routine(app);
+            ADD_FAILURE() << "no error";
+        } catch (const platform::RuntimeError& error) {
+            EXPECT_EQ(error.Number, 91);
+        }
+    }
+    readFile("one\n");
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("No character is loaded."));
+    EXPECT_FALSE(form().FileReadingOn());
 }
 
 } // namespace

@@ -86,7 +86,8 @@ TEST_F(ReadingPiecesTest, ScaleProgress)
         float scale;
     };
     const Case cases[] = {
-        {0, 1, 0, 1.0f},
+        // An empty source keeps a range, so that the bar stays empty instead of busy.
+        {0, 1, 1, 1.0f},
         {32700, 1, 32700, 1.0f},
         {32701, 1, 32701, 32700.0f / 32701.0f},
         {40000, 1, 32701, 0.8175f},

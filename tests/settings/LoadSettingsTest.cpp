@@ -62,9 +62,9 @@ TEST_F(LoadSettingsTest, FirstRunOnAnEmptyStore)
 
     EXPECT_EQ(fp.store.value(QStringLiteral("WinX")), QString::number(f.LeftTwips()));
     EXPECT_EQ(fp.store.value(QStringLiteral("WinY")), QString::number(f.TopTwips()));
+    // Centred with the size it is shown at.
     EXPECT_NEAR(f.TopTwips(), (ScreenHeight - f.HeightTwips()) / 2, 15);
-    EXPECT_GT(f.LeftTwips(), 0);
-    EXPECT_LT(f.LeftTwips(), ScreenWidth / 2);
+    EXPECT_NEAR(f.LeftTwips(), (ScreenWidth - f.WidthTwips()) / 2, 15);
 
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     const fakes::Box& box = fp.dialogs.boxes[0];
@@ -245,6 +245,16 @@ TEST_F(LoadSettingsTest, TopmostAndStartVisibility)
         EXPECT_EQ(t.form().isVisible(), c.visible);
         EXPECT_TRUE(t.fp.tray.shown);
     }
+}
+
+TEST_F(LoadSettingsTest, WithoutATrayAHiddenStartIsAMinimizedOne)
+{
+    fp.tray.available = false;
+    fp.store.setValue(QStringLiteral("StartMinimized"), QStringLiteral("0"));
+    loadSettings();
+    EXPECT_TRUE(form().isVisible());
+    EXPECT_TRUE(form().isMinimized()) << "the window must stay reachable from the task bar";
+    EXPECT_EQ(fp.dialogs.boxes.size(), 1u) << "the user is told about the missing tray";
 }
 
 } // namespace

@@ -1,0 +1,140 @@
+#include "info/frmAbout.h"
+
+#include "fakes/LoadedProgram.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using platform::BoxIcon;
+
+namespace
+{
+
+const QString ToolKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO");
+const QString FolderKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools Location");
+const QString Unavailable = QStringLiteral("System Information Is Unavailable At This Time");
+
+struct AboutRun : fakes::LoadedProgram {
+    void setMachineValue(const QString& key, const QString& name, const QString& text)
+    {
+        platform::RegistryStore::Handle handle = 0;
+        fp.store.RegCreateKeyA(platform::HKEY_LOCAL_MACHINE, key, handle);
+        fp.store.RegSetValueExA(handle, name, platform::RegistryStore::String, text.toUtf8());
+        fp.store.RegCloseKey(handle);
+    }
+};
+
+struct frmAboutTest : ::testing::Test, AboutRun {
+};
+
+TEST_F(frmAboutTest, OpensOverTheMainWindowAndOKRestoresTheCommands)
+{
+    form().mnuViewTop->setChecked(true);
+    app.OnTop = true;
+    bool checked = false;
+    fp.onModal = [&](QDialog& dialog) {
+        auto& about = static_cast<frmAbout&>(dialog);
+        EXPECT_EQ(dialog.parentWidget(), &form());
+        EXPECT_EQ(app.ModalOpen, 1);
+        EXPECT_FALSE(app.OnTop);
+        EXPECT_FALSE(fp.agent->character()->commands.Visible());
+        EXPECT_EQ(about.lblVersion->text(), QStringLiteral("Version 1.6.45"));
+        EXPECT_EQ(about.lblTitle->text(), QStringLiteral("Kestrane Quorl"));
+        EXPECT_EQ(about.cmdSysInfo->text(), QStringLiteral("&System Info.."));
+        about.Label4_Click();
+        about.cmdOK->click();
+        checked = true;
+    };
+    form().mnuAboutAbout->trigger();
+    EXPECT_TRUE(checked);
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(app.OnTop);
+    EXPECT_TRUE(fp.agent->character()->commands.Visible());
+    EXPECT_EQ(fp.shell.urls, QStringList{HomePageUrl});
+    EXPECT_EQ(form().mnuAboutAbout->shortcut(), QKeySequence(QStringLiteral("Ctrl+A")));
+}
+
+TEST_F(frmAboutTest, AnimationStartsWithTheSecondPictureAtTheFirstTick)
+{
+    frmAbout about(app);
+    about.show();
+    EXPECT_EQ(about.Timer1->interval(), 500);
+    EXPECT_TRUE(about.Timer1->isActive());
+    EXPECT_TRUE(about.Image2[0]->isVisible());
+    EXPECT_FALSE(about.Image2[1]->isVisible());
+    QSignalSpy ticks(about.Timer1, &QTimer::timeout);
+    ASSERT_TRUE(ticks.wait(2000));
+    EXPECT_FALSE(about.Image2[0]->isVisible());
+    EXPECT_TRUE(about.Image2[1]->isVisible());
+    EXPECT_EQ(about.ImagePhase, 1);
+    about.Timer1_Timer();
+    EXPECT_TRUE(about.Image2[0]->isVisible());
+    EXPECT_FALSE(about.Image2[1]->isVisible());
+}
+
+TEST_F(frmAboutTest, SystemInformationTool)
+{
+    QTemporaryDir folder;
+    QFile(folder.filePath(QStringLiteral("MSINFO32.EXE"))).open(QIODevice::WriteOnly);
+    struct Case {
+        const char* name;
+        QString toolPath;
+        QString folder;
+        bool failsToStart;
+        QStringList started;
+    };
+    const QString tool = QStringLiteral("/usr/bin/hardinfo");
+    const QString inFolder = folder.filePath(QStringLiteral("MSINFO32.EXE"));
+    const Case cases[] = {
+        {"first key, started without a test", tool, {}, false, {tool}},
+        {"first key, the start fails", tool, {}, true, {}},
+        {"second key with the file", {}, folder.path(), false, {inFolder}},
+        {"second key without the file", {}, QStringLiteral("/nowhere"), false, {}},
+        {"no key", {}, {}, false, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        AboutRun t;
+        if (!c.toolPath.isEmpty())
+            t.setMachineValue(ToolKey, QStringLiteral("PATH"), c.toolPath);
+        if (!c.folder.isEmpty())
+            t.setMachineValue(FolderKey, QStringLiteral("MSINFO"), c.folder);
+        if (c.failsToStart)
+            t.fp.shell.failing[c.toolPath] = QStringLiteral("not found");
+        frmAbout about(t.app);
+        about.cmdSysInfo->click();
+        EXPECT_EQ(t.fp.shell.started, c.started);
+        const bool box = c.started.isEmpty();
+        ASSERT_EQ(t.fp.dialogs.boxes.size(), box ? 1u : 0u);
+        if (box) {
+            EXPECT_EQ(t.fp.dialogs.boxes[0].icon, BoxIcon::Plain);
+            EXPECT_EQ(t.fp.dialogs.boxes[0].title, QStringLiteral("Quorl"));
+            EXPECT_EQ(t.fp.dialogs.boxes[0].text, Unavailable);
+        }
+    }
+}
+
+TEST_F(frmAboutTest, KeyValueOfANumberReadsAsItsDecimalDigits)
+{
+    platform::RegistryStore::Handle handle = 0;
+    fp.store.RegCreateKeyA(platform::HKEY_LOCAL_MACHINE, ToolKey, handle);
+    fp.store.RegSetValueExA(handle, QStringLiteral("Number"), platform::RegistryStore::Dword,
+                            QByteArray("\x10\x01\x00\x00", 4));
+    frmAbout about(app);
+    QString value = QStringLiteral("kept");
+    EXPECT_TRUE(
+        about.GetKeyValue(platform::HKEY_LOCAL_MACHINE, ToolKey, QStringLiteral("Number"), value));
+    // Codes from last to first, each in hexadecimal without padding: "0" "0" "1" "10".
+    EXPECT_EQ(value, QString::number(0x0110));
+    EXPECT_FALSE(
+        about.GetKeyValue(platform::HKEY_LOCAL_MACHINE, ToolKey, QStringLiteral("Missing"), value));
+    EXPECT_EQ(value, QString());
+}
+
+} // namespace
