@@ -14,6 +14,7 @@
 #include "info/frmSplash.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
+#include "settings/frmOptions.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -66,6 +67,7 @@ void SetHooks(App& app)
         StartPiecewiseReading(app, text);
     };
     app.Hooks.SetVoiceCommands = [&app] { SetVoiceCommands(app); };
+    app.Hooks.ShowOptions = [&app](int tab) { ShowOptions(app, tab); };
 }
 
 void ConnectWindow(App& app)
@@ -101,6 +103,8 @@ void ConnectWindow(App& app)
     on(f.chkIgnore, &QCheckBox::clicked, "chkIgnore_Click", chkIgnore_Click);
     on(f.mnuFileSavenow, &QAction::triggered, "mnuFileSavenow_Click", mnuFileSavenow_Click);
     on(f.mnuFileExit, &QAction::triggered, "mnuFileExit_Click", mnuFileExit_Click);
+    on(f.mnuFileOptions, &QAction::triggered, "mnuFileOptions_Click", mnuFileOptions_Click);
+    on(f.cmdOptions, &QPushButton::clicked, "cmdOptions_Click", mnuFileOptions_Click);
     on(f.mnuFileAgent, &QAction::triggered, "mnuFileAgent_Click", mnuFileAgent_Click);
     on(f.mnuFileInstall, &QAction::triggered, "mnuFileInstall_Click", mnuFileInstall_Click);
     on(f.mnuFileDownload, &QAction::triggered, "mnuFileDownload_Click", mnuFileDownload_Click);
