@@ -64,6 +64,8 @@ frmOptions::frmOptions(App& app)
       app(app), SSTab1(new QTabWidget(this))
 {
     setWindowTitle(QStringLiteral("Options"));
+    // All five tabs stay in sight.
+    SSTab1->tabBar()->setUsesScrollButtons(false);
     buildCharacterTab();
     buildStartUpTab();
     buildVoiceInputTab();

@@ -255,6 +255,31 @@ TEST_F(frmOptionsTest, OkReloadsTheCharacterOnlyWhenThePathDiffersInAnyLetter)
     }
 }
 
+// Cancel in the box of a failed reload leaves no character; OK reports what then fails and
+// still stores the rest and closes.
+TEST_F(frmOptionsTest, AFailedReloadIsReportedAndOkGoesOn)
+{
+    fp.agent->badFiles = {QStringLiteral("/chars/broken.acs")};
+    fp.dialogs.answers = {platform::BoxAnswer::Cancel};
+    open(0, [&](frmOptions& form) {
+        form.txtChar->setText(QStringLiteral("/chars/broken.acs"));
+        form.chkAnimate->setChecked(true);
+        form.chkClick->setChecked(true);
+        form.cmdOK->click();
+        EXPECT_FALSE(form.isVisible());
+    });
+    EXPECT_EQ(app.Character, nullptr);
+    ASSERT_GE(fp.dialogs.boxes.size(), 2u);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Character Error"));
+    EXPECT_TRUE(std::any_of(fp.dialogs.boxes.begin(), fp.dialogs.boxes.end(), [](const auto& box) {
+        return box.text.contains(QStringLiteral("( Unknown ( 16 ) 91,"));
+    }));
+    EXPECT_EQ(stored("Click"), QStringLiteral("1"));
+    // Without a character the animation cannot play either.
+    EXPECT_EQ(stored("Animate"), QStringLiteral("0"));
+    EXPECT_EQ(app.ModalOpen, 0);
+}
+
 TEST_F(frmOptionsTest, TheReadingAnimationIsTriedOnOk)
 {
     const struct {
@@ -407,6 +432,7 @@ TEST_F(frmOptionsTest, EveryControlIsReachedByKeysAndNamed)
         QSet<QString> names;
         int controls = 0;
         form.txtChar->setFocus();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.txtChar->selectedText() == Pip; }));
         for (int tab = 0; tab < 5; ++tab) {
             EXPECT_EQ(form.SSTab1->currentIndex(), tab);
             QSet<QWidget*> reached;
