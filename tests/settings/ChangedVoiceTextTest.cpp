@@ -16,6 +16,11 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
 namespace
 {
 
