@@ -373,9 +373,6 @@ void frmOptions::Form_Unload()
 
 void frmOptions::Unload()
 {
-    if (unloaded_)
-        return;
-    unloaded_ = true;
     Form_Unload();
     done(QDialog::Accepted);
 }

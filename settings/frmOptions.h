@@ -123,9 +123,8 @@ private:
     void buildRemindersTab();
     void nameForAssistiveTechnology();
     void connectRoutines();
+    // Form_Unload, then the window closes.
     void Unload();
-
-    bool unloaded_ = false;
 };
 
 // Opens the options dialog modally on that tab (0 to 4).
