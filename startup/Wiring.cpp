@@ -16,6 +16,7 @@
 #include "info/frmSplash.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
+#include "settings/frmOptions.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -69,6 +70,7 @@ void SetHooks(App& app)
         StartPiecewiseReading(app, text);
     };
     app.Hooks.SetVoiceCommands = [&app] { SetVoiceCommands(app); };
+    app.Hooks.ShowOptions = [&app](int tab) { ShowOptions(app, tab); };
 }
 
 void ConnectWindow(App& app)
@@ -104,6 +106,8 @@ void ConnectWindow(App& app)
     on(f.chkIgnore, &QCheckBox::clicked, "chkIgnore_Click", chkIgnore_Click);
     on(f.mnuFileSavenow, &QAction::triggered, "mnuFileSavenow_Click", mnuFileSavenow_Click);
     on(f.mnuFileExit, &QAction::triggered, "mnuFileExit_Click", mnuFileExit_Click);
+    on(f.mnuFileOptions, &QAction::triggered, "mnuFileOptions_Click", mnuFileOptions_Click);
+    on(f.cmdOptions, &QPushButton::clicked, "cmdOptions_Click", mnuFileOptions_Click);
     on(f.mnuFileAgent, &QAction::triggered, "mnuFileAgent_Click", mnuFileAgent_Click);
     on(f.mnuFileInstall, &QAction::triggered, "mnuFileInstall_Click", mnuFileInstall_Click);
     on(f.mnuFileDownload, &QAction::triggered, "mnuFileDownload_Click", mnuFileDownload_Click);
@@ -148,8 +152,6 @@ void KeepDisabled(QWidget* button)
 // nothing. Drop an entry here when its window lands and its routine is connected above.
 void DisableEntriesWithoutWindows(frmMain& f)
 {
-    KeepDisabled(f.mnuFileOptions);
-    KeepDisabled(f.cmdOptions);
     KeepDisabled(f.mnuQuorlReminders);
 }
 

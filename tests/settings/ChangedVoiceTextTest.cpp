@@ -1,0 +1,67 @@
+#include "EngineTestSupport.h"
+#include "FakeSpeechOutput.h"
+#include "Listening.h"
+#include "TestCharacter.h"
+#include "TestSpeech.h"
+#include "agent/engine/AgentEngine.h"
+#include "character/LoadCharacter.h"
+#include "core/App.h"
+#include "core/frmMain.h"
+#include "fakes/FakePlatform.h"
+#include "settings/frmOptions.h"
+#include "startup/Wiring.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace
+{
+
+// The program on the real character control and recogniser, with speech output faked: what
+// the options dialog stores as a voice text is what the recogniser then listens for.
+TEST(ChangedVoiceTextTest, TheRecogniserHearsTheNewPhraseAndNotTheOld)
+{
+    auto ownRecognizer = std::make_unique<agent::listen::PocketSphinxRecognizer>();
+    if (!ownRecognizer->installed())
+        GTEST_SKIP() << "the recogniser's model is not installed";
+    agent::listen::PocketSphinxRecognizer& recognizer = *ownRecognizer;
+
+    fakes::FakePlatform fp;
+    App app(fp.platform);
+    app.Agent1 = std::make_unique<agent::engine::AgentEngine>(
+        std::make_unique<agent::runtime::testing::FakeSpeechOutput>(), std::move(ownRecognizer));
+    app.MainForm = std::make_unique<frmMain>(app);
+    WireProgram(app);
+    QTemporaryDir folder;
+    app.AppPath = folder.path();
+    QString file = agent::engine::testing::writeCharacterFile(
+        folder, agent::runtime::testing::fullCharacter());
+    LoadCharacter(app, true, file, false);
+
+    fp.onModal = [](QDialog& dialog) {
+        auto& form = static_cast<frmOptions&>(dialog);
+        form.txtTime->setText(QStringLiteral("Tell me the time"));
+        form.cmdOK->click();
+    };
+    ShowOptions(app, 3);
+
+    const auto heard = [&recognizer](const QString& text) {
+        const QString wav =
+            listentest::spokenWav(text, {QStringLiteral("flite"), QStringLiteral("kal16"), 0});
+        EXPECT_FALSE(wav.isEmpty());
+        const listentest::Heard result = listentest::listen(recognizer, wav);
+        EXPECT_TRUE(result.answered);
+        return result.name;
+    };
+    EXPECT_EQ(heard(QStringLiteral("Tell me the time")), QStringLiteral("Time"));
+    EXPECT_NE(heard(QStringLiteral("What is the time")), QStringLiteral("Time"));
+}
+
+} // namespace

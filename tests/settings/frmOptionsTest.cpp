@@ -1,0 +1,462 @@
+#include "settings/frmOptions.h"
+
+#include "apps/AppsFile.h"
+#include "character/LoadCharacter.h"
+#include "core/App.h"
+#include "core/frmMain.h"
+#include "fakes/LoadedProgram.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSet>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using platform::BoxIcon;
+
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace
+{
+
+const QString Pip = QStringLiteral("/chars/pip.acs");
+
+// The main window after start-up with the character Pip loaded from the store, its command
+// list built and one application on it.
+class frmOptionsTest : public ::testing::Test, protected fakes::ProgramWindow
+{
+protected:
+    frmOptionsTest()
+    {
+        app.AppPath = dir.path();
+        WriteAppsFile(AppsFilePath(app.AppPath),
+                      {{QStringLiteral("Editor"), QStringLiteral("Open the editor"),
+                        QStringLiteral("gedit"), 1, 1}});
+        fp.store.setValue(QStringLiteral("Character"), Pip);
+        QString file = Pip;
+        LoadCharacter(app, true, file, false);
+        app.AnimateRead = QStringLiteral("0");
+        fp.agent->calls.clear();
+        fp.store.writes.clear();
+    }
+
+    fakes::FakeCharacter& character() { return *fp.agent->character(); }
+    QString stored(const char* name) const
+    {
+        return fp.store.value(QLatin1String(name)).value_or(QStringLiteral("<missing>"));
+    }
+    QString voiceOf(const char* command)
+    {
+        return character().Commands().Command(QLatin1String(command)).Voice();
+    }
+
+    // Opens the dialog on a tab; act runs while it is up, as the user would.
+    void open(int tab, const std::function<void(frmOptions&)>& act)
+    {
+        fp.onModal = [&](QDialog& dialog) {
+            auto& form = static_cast<frmOptions&>(dialog);
+            form.show();
+            act(form);
+        };
+        ShowOptions(app, tab);
+    }
+
+    QTemporaryDir dir;
+};
+
+TEST_F(frmOptionsTest, LoadingShowsTheStoreAndStoresTheMissingDefaultsInOrder)
+{
+    fakes::ProgramWindow bare;
+    bare.app.AnimateRead = QStringLiteral("1");
+    bare.fp.onModal = [&](QDialog& dialog) {
+        auto& form = static_cast<frmOptions&>(dialog);
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("Options"));
+        EXPECT_EQ(form.txtTime->text(), QStringLiteral("What is the time?"));
+        EXPECT_EQ(form.txtRemind->text(), QStringLiteral("You have a reminder"));
+        EXPECT_EQ(form.txtGreet->text(), QStringLiteral(" "));
+        EXPECT_TRUE(form.chkAnimate->isChecked());
+        EXPECT_FALSE(form.chkClick->isChecked());
+        EXPECT_TRUE(form.chkClick1->isChecked());
+        EXPECT_TRUE(form.optGreet[0]->isChecked());
+        EXPECT_EQ(bare.app.ModalOpen, 1);
+        form.cmdCancel->click();
+    };
+    ShowOptions(bare.app, 0);
+
+    EXPECT_EQ(
+        bare.fp.store.writes,
+        (QStringList{"TimeCmd",      "DateCmd",        "ShutCmd",   "ClipCmd",  "NotesCmd",
+                     "RestartCmd",   "ReminderText",   "Click",     "Click1",   "IdleAnimations",
+                     "SoundEffects", "StartMinimized", "Show",      "Splash",   "Greeting",
+                     "TimeGreeting", "GreetingText",   "ShutDown",  "EnTime",   "EnDate",
+                     "EnReadClip",   "EnNotes",        "EnRestart", "NoteDate", "NoteTime",
+                     "ShowIfHidden", "ReadNote"}));
+    EXPECT_EQ(bare.fp.store.value(QStringLiteral("GreetingText")), QStringLiteral(" "));
+    EXPECT_EQ(bare.fp.store.value(QStringLiteral("Click")), QStringLiteral("0"));
+    EXPECT_EQ(bare.app.ModalOpen, 0);
+}
+
+TEST_F(frmOptionsTest, AGreetingOutOfRangeIsReportedAndLoadingGoesOn)
+{
+    fp.store.setValue(QStringLiteral("Greeting"), QStringLiteral("7"));
+    fp.store.setValue(QStringLiteral("ReadNote"), QStringLiteral("0"));
+    open(0, [&](frmOptions& form) {
+        for (QRadioButton* option : form.optGreet)
+            EXPECT_FALSE(option->isChecked());
+        EXPECT_EQ(form.GreetOption, 7);
+        EXPECT_FALSE(form.chkReadNote->isChecked());
+        form.cmdCancel->click();
+    });
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Unknown Error"));
+    EXPECT_TRUE(fp.dialogs.boxes[0].text.contains(QStringLiteral("( Unknown ( 7 ) 340")));
+}
+
+// An empty box stops OK before anything is stored or applied: the character box on the tab in
+// front, a voice box on the commands tab, the first in the order date, time, shut down, notes,
+// clip board, restart.
+TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
+{
+    const QString voiceBox = QStringLiteral("Voice Command Required");
+    const struct {
+        std::vector<QLineEdit * frmOptions::*> emptied;
+        QLineEdit* frmOptions::*focused;
+        QString title;
+        int tab;
+    } cases[] = {
+        {{&frmOptions::txtChar, &frmOptions::txtTime},
+         &frmOptions::txtChar,
+         QStringLiteral("Character not specified"),
+         2},
+        {{&frmOptions::txtRestart}, &frmOptions::txtRestart, voiceBox, 3},
+        {{&frmOptions::txtTime, &frmOptions::txtDate}, &frmOptions::txtDate, voiceBox, 3},
+        {{&frmOptions::txtClip, &frmOptions::txtNotes, &frmOptions::txtRestart},
+         &frmOptions::txtNotes,
+         voiceBox,
+         3},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.title.toStdString() + std::to_string(c.emptied.size()));
+        fp.dialogs.boxes.clear();
+        open(2, [&](frmOptions& form) {
+            fp.store.writes.clear();
+            fp.agent->calls.clear();
+            for (auto box : c.emptied)
+                (form.*box)->clear();
+            form.cmdOK->click();
+
+            ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+            EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Critical);
+            EXPECT_EQ(fp.dialogs.boxes[0].title, c.title);
+            EXPECT_EQ(form.SSTab1->currentIndex(), c.tab);
+            EXPECT_EQ(form.focusWidget(), form.*c.focused);
+            EXPECT_TRUE(form.isVisible());
+            EXPECT_TRUE(fp.store.writes.isEmpty());
+            EXPECT_TRUE(fp.agent->calls.isEmpty()) << fp.agent->calls.join(' ').toStdString();
+            form.cmdCancel->click();
+        });
+        EXPECT_EQ(fp.dialogs.boxes[0].text, c.tab == 2
+                                                ? QStringLiteral("Please specify a character "
+                                                                 "file (ACS file)")
+                                                : QStringLiteral("Voice commands cannot be empty"));
+    }
+}
+
+TEST_F(frmOptionsTest, OneChangeOnEachTabIsStoredInItsFormAndShownAgain)
+{
+    app.MainForm->RemindTimer->stop();
+    open(0, [&](frmOptions& form) {
+        form.chkClick->click();
+        form.SSTab1->setCurrentIndex(1);
+        form.chkGreetTime->setChecked(false);
+        form.optGreet[3]->click();
+        form.txtGreet->clear();
+        form.SSTab1->setCurrentIndex(2);
+        form.chkNotes->click();
+        form.SSTab1->setCurrentIndex(3);
+        form.txtTime->setText(QStringLiteral("Tell me the time"));
+        form.SSTab1->setCurrentIndex(4);
+        form.txtRemind->setText(QStringLiteral("   "));
+        form.chkNoteDate->click();
+        form.cmdOK->click();
+        EXPECT_FALSE(form.isVisible());
+    });
+
+    const std::pair<const char*, const char*> values[] = {
+        {"Click", "1"},        {"Greeting", "3"},
+        {"TimeGreeting", "1"}, {"GreetingText", " "},
+        {"EnNotes", "0"},      {"NoteDate", "0"},
+        {"ReminderText", " "}, {"SaveSettings", "True"},
+        {"Animate", "0"},      {"TimeCmd", "Tell me the time"},
+    };
+    for (const auto& [name, value] : values)
+        EXPECT_EQ(stored(name), QLatin1String(value)) << name;
+    EXPECT_EQ(voiceOf("Time"), QStringLiteral("Tell me the time"));
+    EXPECT_FALSE(character().Commands().Command(QStringLiteral("Notes")).Enabled());
+    EXPECT_TRUE(character().Commands().Visible());
+    EXPECT_TRUE(app.MainForm->RemindTimer->isActive());
+    EXPECT_EQ(app.ModalOpen, 0);
+
+    open(0, [&](frmOptions& form) {
+        EXPECT_TRUE(form.chkClick->isChecked());
+        EXPECT_TRUE(form.optGreet[3]->isChecked());
+        EXPECT_TRUE(form.chkGreetTime->isChecked());
+        EXPECT_EQ(form.txtGreet->text(), QStringLiteral(" "));
+        EXPECT_FALSE(form.chkNotes->isChecked());
+        EXPECT_EQ(form.txtTime->text(), QStringLiteral("Tell me the time"));
+        EXPECT_EQ(form.txtRemind->text(), QStringLiteral(" "));
+        EXPECT_FALSE(form.chkNoteDate->isChecked());
+        form.cmdCancel->click();
+    });
+}
+
+TEST_F(frmOptionsTest, OkReloadsTheCharacterOnlyWhenThePathDiffersInAnyLetter)
+{
+    const struct {
+        QString path;
+        bool reloaded;
+    } cases[] = {{Pip, false}, {QStringLiteral("/chars/Pip.acs"), true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.path.toStdString());
+        fp.store.setValue(QStringLiteral("Character"), Pip);
+        character().visible = false;
+        fp.agent->calls.clear();
+        open(0, [&](frmOptions& form) {
+            form.txtChar->setText(c.path);
+            form.cmdOK->click();
+        });
+        const QStringList calls = fp.agent->calls;
+        EXPECT_EQ(calls.contains(QStringLiteral("Load(G,") + c.path + QLatin1Char(')')),
+                  c.reloaded);
+        EXPECT_EQ(calls.contains(QStringLiteral("Unload(G)")), c.reloaded);
+        EXPECT_TRUE(calls.contains(QStringLiteral("Commands.RemoveAll()")));
+        EXPECT_TRUE(calls.contains(QStringLiteral("Show(0)")));
+        EXPECT_EQ(stored("Character"), c.path);
+        // The applications are back at the end of the rebuilt list.
+        const auto& commands = character().Commands();
+        ASSERT_GT(commands.Count(), 0);
+        EXPECT_EQ(character().commands.At(commands.Count() - 1).Name(), QStringLiteral(" 1"));
+    }
+}
+
+// Cancel in the box of a failed reload leaves no character; OK reports what then fails and
+// still stores the rest and closes.
+TEST_F(frmOptionsTest, AFailedReloadIsReportedAndOkGoesOn)
+{
+    fp.agent->badFiles = {QStringLiteral("/chars/broken.acs")};
+    fp.dialogs.answers = {platform::BoxAnswer::Cancel};
+    open(0, [&](frmOptions& form) {
+        form.txtChar->setText(QStringLiteral("/chars/broken.acs"));
+        form.chkAnimate->setChecked(true);
+        form.chkClick->setChecked(true);
+        form.cmdOK->click();
+        EXPECT_FALSE(form.isVisible());
+    });
+    EXPECT_EQ(app.Character, nullptr);
+    ASSERT_GE(fp.dialogs.boxes.size(), 2u);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Character Error"));
+    EXPECT_TRUE(std::any_of(fp.dialogs.boxes.begin(), fp.dialogs.boxes.end(), [](const auto& box) {
+        return box.text.contains(QStringLiteral("( Unknown ( 16 ) 91,"));
+    }));
+    EXPECT_EQ(stored("Click"), QStringLiteral("1"));
+    // Without a character the animation cannot play either.
+    EXPECT_EQ(stored("Animate"), QStringLiteral("0"));
+    EXPECT_EQ(app.ModalOpen, 0);
+}
+
+TEST_F(frmOptionsTest, TheReadingAnimationIsTriedOnOk)
+{
+    const struct {
+        bool hasRead;
+        bool visibleBefore;
+        QStringList calls;
+        const char* animate;
+    } cases[] = {
+        {true, false, {"Show(0)", "Play(Read)", "Play(ReadReturn)", "Hide()"}, "1"},
+        {true, true, {"Show(0)", "Play(Read)", "Play(ReadReturn)", "Show(0)"}, "1"},
+        {false, false, {"Show(0)", "Hide()"}, "0"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.hasRead << c.visibleBefore);
+        fp.dialogs.boxes.clear();
+        fp.store.setValue(QStringLiteral("Show"), QStringLiteral("0"));
+        if (!c.hasRead)
+            character().animations.erase(QStringLiteral("Read"));
+        character().visible = c.visibleBefore;
+        open(0, [&](frmOptions& form) {
+            form.chkAnimate->setChecked(true);
+            fp.agent->calls.clear();
+            form.cmdOK->click();
+        });
+        QStringList shown;
+        for (const QString& call : fp.agent->calls)
+            if (call.startsWith(QLatin1String("Show")) || call.startsWith(QLatin1String("Hide")) ||
+                call.startsWith(QLatin1String("Play")))
+                shown << call;
+        EXPECT_EQ(shown, c.calls);
+        EXPECT_EQ(stored("Animate"), QLatin1String(c.animate));
+        EXPECT_EQ(app.AnimateRead, QLatin1String(c.animate));
+        if (c.hasRead) {
+            EXPECT_TRUE(fp.dialogs.boxes.empty());
+        } else {
+            ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+            EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Character Error"));
+            EXPECT_EQ(fp.dialogs.boxes[0].text,
+                      QStringLiteral("Testy does not support the read animation."));
+        }
+    }
+}
+
+TEST_F(frmOptionsTest, CancelKeepsStoreCharacterAndCommands)
+{
+    open(0, [](frmOptions& form) { form.cmdCancel->click(); });
+    app.MainForm->RemindTimer->stop();
+    fp.agent->calls.clear();
+    fp.store.writes.clear();
+    open(0, [&](frmOptions& form) {
+        form.txtChar->setText(QStringLiteral("/chars/other.acs"));
+        form.chkEffects->click();
+        form.txtTime->setText(QStringLiteral("Tell me the time"));
+        form.chkTime->click();
+        form.optGreet[2]->click();
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+    });
+    EXPECT_TRUE(fp.store.writes.isEmpty());
+    EXPECT_EQ(fp.agent->calls, (QStringList{"Commands.Visible=0", "Commands.Visible=1"}));
+    EXPECT_EQ(voiceOf("Time"), QStringLiteral("What is the time"));
+    EXPECT_TRUE(app.MainForm->RemindTimer->isActive());
+    EXPECT_EQ(app.ModalOpen, 0);
+}
+
+TEST_F(frmOptionsTest, TheGreetingHintTicksBothBoxes)
+{
+    const struct {
+        bool greet, show, hint;
+    } cases[] = {{false, false, true}, {false, true, false}, {true, false, false}};
+    for (const auto& c : cases) {
+        fp.dialogs.boxes.clear();
+        open(1, [&](frmOptions& form) {
+            form.chkGreetTime->setChecked(c.greet);
+            form.chkShow->setChecked(c.show);
+            // On the box itself: a click beside the caption misses the button.
+            QTest::mouseClick(form.chkGreetTime, Qt::LeftButton, {},
+                              QPoint(8, form.chkGreetTime->height() / 2));
+            EXPECT_EQ(fp.dialogs.boxes.size(), c.hint ? 1u : 0u);
+            if (c.hint) {
+                EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Hint"));
+                EXPECT_TRUE(form.chkGreetTime->isChecked());
+                EXPECT_TRUE(form.chkShow->isChecked());
+            } else {
+                EXPECT_NE(form.chkGreetTime->isChecked(), c.greet);
+            }
+            form.cmdCancel->click();
+        });
+    }
+}
+
+TEST_F(frmOptionsTest, BrowseAndTheSpeechSettingsButton)
+{
+    fp.dialogs.files = {QStringLiteral("/chars/lumo.acs")};
+    open(0, [&](frmOptions& form) {
+        form.cmdBrowse->click();
+        EXPECT_EQ(form.txtChar->text(), QStringLiteral("/chars/lumo.acs"));
+        form.cmdBrowse->click();
+        EXPECT_EQ(form.txtChar->text(), QString());
+        form.SSTab1->setCurrentIndex(2);
+        form.cmdHot->click();
+        form.cmdCancel->click();
+    });
+    ASSERT_EQ(fp.dialogs.fileRequests.size(), 2u);
+    EXPECT_EQ(fp.dialogs.fileRequests[0].filter, QStringLiteral("Agent Character (*.acs) |*.acs"));
+    EXPECT_EQ(fp.dialogs.fileRequests[0].title, QStringLiteral("Open Character.."));
+    EXPECT_EQ(fp.dialogs.fileRequests[0].initialDir, app.AppPath);
+    EXPECT_EQ(fp.agent->propertySheetPage, QStringLiteral("Speech"));
+    EXPECT_TRUE(fp.agent->propertySheetVisible);
+}
+
+TEST_F(frmOptionsTest, CallersOpenItOnTheirTab)
+{
+    const struct {
+        std::function<void()> call;
+        int tab;
+    } cases[] = {
+        {[&] { app.MainForm->mnuFileOptions->trigger(); }, 0},
+        {[&] { app.MainForm->cmdOptions->click(); }, 0},
+        {[&] { app.Hooks.ShowOptions(2); }, 2},
+        {[&] { app.Hooks.ShowOptions(3); }, 3},
+        {[&] { app.Hooks.ShowOptions(4); }, 4},
+    };
+    for (const auto& c : cases) {
+        int tab = -1;
+        QSet<QGroupBox*> enabled;
+        fp.onModal = [&](QDialog& dialog) {
+            auto& form = static_cast<frmOptions&>(dialog);
+            tab = form.SSTab1->currentIndex();
+            for (QGroupBox* frame : form.findChildren<QGroupBox*>())
+                if (frame->isEnabled())
+                    enabled << frame;
+            form.cmdCancel->click();
+        };
+        c.call();
+        EXPECT_EQ(tab, c.tab);
+        // Only the frames of the tab in front are enabled.
+        const int frames[] = {1, 2, 1, 1, 1};
+        EXPECT_EQ(enabled.size(), frames[c.tab]);
+    }
+}
+
+// Tab visits every control of the page in front, Ctrl+Tab the next page; each control has a
+// name of its own for a screen reader.
+TEST_F(frmOptionsTest, EveryControlIsReachedByKeysAndNamed)
+{
+    open(0, [&](frmOptions& form) {
+        form.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        QSet<QString> names;
+        int controls = 0;
+        form.txtChar->setFocus();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.txtChar->selectedText() == Pip; }));
+        for (int tab = 0; tab < 5; ++tab) {
+            EXPECT_EQ(form.SSTab1->currentIndex(), tab);
+            QSet<QWidget*> reached;
+            for (int i = 0; i < 40; ++i) {
+                reached << QApplication::focusWidget();
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            }
+            QWidget* page = form.SSTab1->currentWidget();
+            QWidget* first = nullptr;
+            for (QWidget* w : page->findChildren<QWidget*>()) {
+                if (w->focusPolicy() == Qt::NoFocus || !w->isVisible())
+                    continue;
+                if (qobject_cast<QRadioButton*>(w) && !static_cast<QRadioButton*>(w)->isChecked())
+                    continue; // the arrow keys move within the group
+                EXPECT_TRUE(reached.contains(w)) << w->accessibleName().toStdString();
+                EXPECT_FALSE(w->accessibleName().isEmpty());
+                names << w->accessibleName();
+                ++controls;
+                if (!first)
+                    first = w;
+            }
+            ASSERT_TRUE(first);
+            first->setFocus();
+            QTest::keyClick(first, Qt::Key_Tab, Qt::ControlModifier);
+        }
+        for (QRadioButton* option : form.optGreet)
+            names << option->accessibleName();
+        EXPECT_EQ(names.size(), controls + 3);
+        form.cmdCancel->click();
+    });
+}
+
+} // namespace
