@@ -12,6 +12,7 @@
 #include "core/MainWindow.h"
 #include "core/frmMain.h"
 #include "info/frmSplash.h"
+#include "notes/frmNotes.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
 
@@ -91,6 +92,8 @@ void ConnectWindow(App& app)
     onChecked(f.mnuViewTop, "mnuViewTop_Click", mnuViewTop_Click);
     on(f.mnuQuorlTime, &QAction::triggered, "mnuQuorlTime_Click", SayTime);
     on(f.mnuQuorlDate, &QAction::triggered, "mnuQuorlDate_Click", SayDate);
+    on(f.mnuQuorlReminders, &QAction::triggered, "mnuQuorlReminders_Click",
+       mnuQuorlReminders_Click);
     on(f.mnuFileRead, &QAction::triggered, "mnuFileRead_Click", mnuFileRead_Click);
     on(f.Timer2, &QTimer::timeout, "Timer2_Timer", Timer2_Timer);
     on(f.cmdStop, &QPushButton::clicked, "cmdStop_Click", cmdStop_Click);
