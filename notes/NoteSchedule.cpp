@@ -8,6 +8,24 @@
 namespace NoteSchedule
 {
 
+namespace
+{
+
+bool IsDigit(QChar c)
+{
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
+// A whole number written with digits alone.
+std::optional<int> Digits(const QString& text)
+{
+    if (text.isEmpty() || text.size() > 9 || !std::all_of(text.begin(), text.end(), IsDigit))
+        return std::nullopt;
+    return text.toInt();
+}
+
+} // namespace
+
 QStringList KindNames()
 {
     return {QStringLiteral("Once"), QStringLiteral("Daily"), QStringLiteral("Weekly"),
@@ -84,28 +102,13 @@ bool MinuteAccepted(const QString& text)
 
 bool KeyAccepted(QChar key)
 {
-    return (key >= QLatin1Char('0') && key <= QLatin1Char('9')) || key == QLatin1Char('\b');
+    return IsDigit(key) || key == QLatin1Char('\b');
 }
 
 QString CompletedYear(const QString& text)
 {
     return text.size() == 2 ? QStringLiteral("19") + text : text;
 }
-
-namespace
-{
-
-// A whole number written with digits alone.
-std::optional<int> Digits(const QString& text)
-{
-    if (text.isEmpty() || text.size() > 9 || !std::all_of(text.begin(), text.end(), [](QChar c) {
-            return c >= QLatin1Char('0') && c <= QLatin1Char('9');
-        }))
-        return std::nullopt;
-    return text.toInt();
-}
-
-} // namespace
 
 std::optional<QDate> ReviewDate(int everyIndex, const QString& dayText, const QString& yearText)
 {

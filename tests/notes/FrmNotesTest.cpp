@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
@@ -47,17 +48,17 @@ struct Shown {
 
 void PrintTo(const Shown& s, std::ostream* out)
 {
-    for (const QString& field : {s.name, s.note, s.kind, s.every, s.day, s.year, s.hour, s.minute,
-                                 s.amPm, s.review})
+    for (const QString& field :
+         {s.name, s.note, s.kind, s.every, s.day, s.year, s.hour, s.minute, s.amPm, s.review})
         *out << '"' << field.toStdString() << "\" ";
     *out << (s.remind ? "remind" : "no reminder");
 }
 
 Shown shown(const frmNotes& f)
 {
-    return {f.txtName->text(),       f.txtNote->toPlainText(), f.chkRemind->isChecked(),
+    return {f.txtName->text(),       f.txtNote->toPlainText(),   f.chkRemind->isChecked(),
             f.ListOn->currentText(), f.ListEvery->currentText(), f.txtDay->text(),
-            f.txtYear->text(),       f.ListHour->currentText(), f.ListMin->currentText(),
+            f.txtYear->text(),       f.ListHour->currentText(),  f.ListMin->currentText(),
             f.ListAm->currentText(), f.LabelReview->text()};
 }
 
@@ -169,6 +170,11 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
         EXPECT_TRUE(f.Frame1->isEnabled());
         EXPECT_FALSE(f.cmdChange->isEnabled());
         EXPECT_FALSE(f.cmdDel->isEnabled());
+        // The note's field holds 500 bytes, a line end taking two.
+        type(f.txtNote, QString(499, 'a'));
+        QTest::keyClick(f.txtNote, Qt::Key_Return);
+        QTest::keyClicks(f.txtNote, "bc");
+        EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
         click(f.cmdClose);
     });
     EXPECT_EQ(fp.modalWindows, QStringList{"frmNotes"});
@@ -196,8 +202,8 @@ TEST_F(FrmNotesTest, TheKeyboardAloneReachesEveryControlByItsName)
         }
         EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often", "On",
                                       "Day:", "Year:", "Time hour", "Time minute", "AM or PM",
-                                      "When the reminder comes", "Add", "Change", "Remove",
-                                      "Close", "Note or Reminder Name:"}));
+                                      "When the reminder comes", "Add", "Change", "Remove", "Close",
+                                      "Note or Reminder Name:"}));
         QStringList distinct = names;
         distinct.removeDuplicates();
         EXPECT_EQ(distinct.size(), names.size());
@@ -299,7 +305,7 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
 TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
 {
     const struct {
-        QPushButton* frmNotes::* button;
+        QPushButton* frmNotes::*button;
         QString name;
         QString title;
         QString text;
@@ -368,10 +374,8 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
         QStringList list;
         QString selected; // shown in the name box after the removal
     } steps[] = {
-        {1, BoxAnswer::No, {"A", "B", "C", "D"}, "B"},
-        {1, BoxAnswer::Yes, {"A", "C", "D"}, "A"},
-        {0, BoxAnswer::Yes, {"C", "D"}, "C"},
-        {1, BoxAnswer::Yes, {"C"}, "C"},
+        {1, BoxAnswer::No, {"A", "B", "C", "D"}, "B"}, {1, BoxAnswer::Yes, {"A", "C", "D"}, "A"},
+        {0, BoxAnswer::Yes, {"C", "D"}, "C"},          {1, BoxAnswer::Yes, {"C"}, "C"},
         {0, BoxAnswer::Yes, {}, "New Note"},
     };
     session([&](frmNotes& f) {
@@ -411,11 +415,15 @@ TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRest
         std::size_t boxes;
         Shown shown;
     } steps[] = {
-        {1, 1, {"Pills", "Two", true, "Daily", "Tuesday", "3", "2025", "08", "45", "PM",
-                "Daily at 08:45 PM"}},
+        {1,
+         1,
+         {"Pills", "Two", true, "Daily", "Tuesday", "3", "2025", "08", "45", "PM",
+          "Daily at 08:45 PM"}},
         // The kind, the hour and AM or PM are bad; the list of weekdays stays.
-        {2, 3, {"Broken", "Three", true, "Daily", "Sunday", "4", "2024", "08", "10", "PM",
-                "Daily at 08:10 PM"}},
+        {2,
+         3,
+         {"Broken", "Three", true, "Daily", "Sunday", "4", "2024", "08", "10", "PM",
+          "Daily at 08:10 PM"}},
     };
     session([&](frmNotes& f) {
         EXPECT_EQ(f.ListEvery->count(), 7);
@@ -596,6 +604,19 @@ TEST_F(FrmNotesTest, AFailedSaveOffersRetryAndCancelDropsTheEdits)
     EXPECT_EQ(app.ModalOpen, 0);
     // Only cmdClose brings the command group back.
     EXPECT_FALSE(character().Commands().Visible());
+}
+
+TEST_F(FrmNotesTest, AFileThatCannotBeReadIsNamedAndTheWindowStaysClosed)
+{
+    ASSERT_TRUE(QDir().mkdir(notesFile()));
+    form().mnuQuorlReminders->trigger();
+    EXPECT_TRUE(fp.modalWindows.isEmpty());
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Critical);
+    EXPECT_EQ(fp.dialogs.boxes[0].buttons, BoxButtons::OK);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Cannot Open ") + notesFile());
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(form().RemindTimer->isActive());
 }
 
 } // namespace
