@@ -18,12 +18,14 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QtEndian>
 #include <array>
 #include <gtest/gtest.h>
+#include <map>
 #include <ostream>
 
 inline void PrintTo(const QString& text, std::ostream* out)
@@ -38,28 +40,15 @@ using platform::BoxAnswer;
 using platform::BoxButtons;
 using platform::BoxIcon;
 
-// What the window shows of a note.
-struct Shown {
-    QString name, note;
-    bool remind;
-    QString kind, every, day, year, hour, minute, amPm, review;
-    bool operator==(const Shown&) const = default;
-};
-
-void PrintTo(const Shown& s, std::ostream* out)
+// What the window shows of a note: name, note, remind, kind, every, day, year, hour, minute,
+// AM or PM, and the sentence.
+QStringList shown(const frmNotes& f)
 {
-    for (const QString& field :
-         {s.name, s.note, s.kind, s.every, s.day, s.year, s.hour, s.minute, s.amPm, s.review})
-        *out << '"' << field.toStdString() << "\" ";
-    *out << (s.remind ? "remind" : "no reminder");
-}
-
-Shown shown(const frmNotes& f)
-{
-    return {f.txtName->text(),       f.txtNote->toPlainText(),   f.chkRemind->isChecked(),
-            f.ListOn->currentText(), f.ListEvery->currentText(), f.txtDay->text(),
-            f.txtYear->text(),       f.ListHour->currentText(),  f.ListMin->currentText(),
-            f.ListAm->currentText(), f.LabelReview->text()};
+    return {
+        f.txtName->text(),       f.txtNote->toPlainText(),   f.chkRemind->isChecked() ? "1" : "0",
+        f.ListOn->currentText(), f.ListEvery->currentText(), f.txtDay->text(),
+        f.txtYear->text(),       f.ListHour->currentText(),  f.ListMin->currentText(),
+        f.ListAm->currentText(), f.LabelReview->text()};
 }
 
 QLineEdit* lineEditOf(QWidget* box)
@@ -69,12 +58,12 @@ QLineEdit* lineEditOf(QWidget* box)
     return qobject_cast<QLineEdit*>(box);
 }
 
-// Focuses a box as Tab would and types over what it offers for replacing.
 void leave()
 {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
 }
 
+// Focuses a box as Tab would and types over what it offers for replacing.
 void type(QWidget* box, const QString& keys)
 {
     if (box->hasFocus())
@@ -87,7 +76,12 @@ void type(QWidget* box, const QString& keys)
         QLineEdit* edit = lineEditOf(box);
         ASSERT_TRUE(QTest::qWaitFor([edit] { return edit->selectedText() == edit->text(); }));
     }
-    QTest::keyClicks(box, keys);
+    const QStringList lines = keys.split('\n');
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (i > 0)
+            QTest::keyClick(box, Qt::Key_Return);
+        QTest::keyClicks(box, lines[i]);
+    }
 }
 
 // Picks an entry of a list by typing its name, as the keyboard search does.
@@ -97,6 +91,29 @@ void pick(QComboBox* list, const QString& entry)
     list->view()->keyboardSearch(QString());
     QTest::keyClicks(list, entry);
     EXPECT_EQ(list->currentText(), entry);
+}
+
+// Runs actions separated by ";": "Box=keys" types or picks and leaves the box, "Box~keys" types
+// and stays, "Remind=" turns the check box over.
+void run(frmNotes& f, const QString& script)
+{
+    const std::map<QString, QWidget*> boxes = {
+        {"Name", f.txtName},    {"Note", f.txtNote}, {"Remind", f.chkRemind}, {"Kind", f.ListOn},
+        {"Every", f.ListEvery}, {"Day", f.txtDay},   {"Year", f.txtYear},     {"Hour", f.ListHour},
+        {"Minute", f.ListMin},  {"Am", f.ListAm}};
+    for (const QString& action : script.split(';')) {
+        const qsizetype mark = std::max(action.indexOf('='), action.indexOf('~'));
+        QWidget* box = boxes.at(action.left(mark));
+        const QString keys = action.mid(mark + 1);
+        if (box == f.chkRemind)
+            QTest::keyClick(box, Qt::Key_Space);
+        else if (auto* list = qobject_cast<QComboBox*>(box); list && !list->isEditable())
+            pick(list, keys);
+        else
+            type(box, keys);
+        if (action[mark] == '=')
+            leave();
+    }
 }
 
 void click(QWidget* control)
@@ -116,6 +133,11 @@ QStringList entries(const QListWidget* list)
     for (int i = 0; i < list->count(); ++i)
         texts << list->item(i)->text();
     return texts;
+}
+
+auto box(const fakes::Box& b)
+{
+    return std::tuple(b.icon, b.buttons, b.title, b.text);
 }
 
 NoteRecord note(const QString& name, const QString& text, NoteRow row)
@@ -165,15 +187,13 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
         EXPECT_EQ(app.ModalOpen, 1);
         EXPECT_FALSE(character().Commands().Visible());
         EXPECT_EQ(f.windowTitle(), QStringLiteral("Notes & Reminders"));
-        EXPECT_EQ(shown(f), (Shown{"New Note", "", true, "Once", "November", "22", "2026", "02",
-                                   "25", "PM", ""}));
+        EXPECT_EQ(shown(f), (QStringList{"New Note", "", "1", "Once", "November", "22", "2026",
+                                         "02", "25", "PM", ""}));
         EXPECT_TRUE(f.Frame1->isEnabled());
         EXPECT_FALSE(f.cmdChange->isEnabled());
         EXPECT_FALSE(f.cmdDel->isEnabled());
         // The note's field holds 500 bytes, a line end taking two.
-        type(f.txtNote, QString(499, 'a'));
-        QTest::keyClick(f.txtNote, Qt::Key_Return);
-        QTest::keyClicks(f.txtNote, "bc");
+        type(f.txtNote, QString(499, 'a') + "\nbc");
         EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
         click(f.cmdClose);
     });
@@ -204,9 +224,7 @@ TEST_F(FrmNotesTest, TheKeyboardAloneReachesEveryControlByItsName)
                                       "Day:", "Year:", "Time hour", "Time minute", "AM or PM",
                                       "When the reminder comes", "Add", "Change", "Remove", "Close",
                                       "Note or Reminder Name:"}));
-        QStringList distinct = names;
-        distinct.removeDuplicates();
-        EXPECT_EQ(distinct.size(), names.size());
+        EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
 
         QTest::keyClick(&f, Qt::Key_C, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !f.isVisible(); }));
@@ -216,79 +234,51 @@ TEST_F(FrmNotesTest, TheKeyboardAloneReachesEveryControlByItsName)
 
 TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndComeBack)
 {
-    std::vector<Shown> added;
+    const struct {
+        QString script;
+        QStringList shown;
+        // Remind, Kind, Every, Day, Year, HourIndex, MinuteIndex, AmPm
+        std::array<qint16, 8> numbers;
+    } notes[] = {
+        {"Name=Dentist;Note=Call first\nBring "
+         "card;Every=March;Day=5;Year=2027;Hour=9;Minute=5;Am=AM",
+         {"Dentist", "Call first\nBring card", "1", "Once", "March", "5", "2027", "09", "05", "AM",
+          "Friday, March 5, 2027 at 09:05 AM"},
+         {1, 0, 2, 5, 2027, 8, 5, 0}},
+        {"Name=Gym;Note=Bring towel;Kind=Weekly;Every=Tuesday;Hour=6;Minute=30;Am=PM",
+         {"Gym", "Bring towel", "1", "Weekly", "Tuesday", "5", "2027", "06", "30", "PM",
+          "Weekly on Tuesdays at 06:30 PM"},
+         {1, 2, 2, 5, 2027, 5, 30, 1}},
+        // With the reminder off the sentence still shows when the note is selected.
+        {"Name=Birthday;Note=Cake;Kind=Yearly;Every=July;Day=14;Hour=12;Minute=0;Am=AM;Remind=",
+         {"Birthday", "Cake", "0", "Yearly", "July", "14", "2027", "12", "00", "AM",
+          "Yearly on July 14, at 12:00 AM"},
+         {0, 4, 6, 14, 2027, 11, 0, 0}},
+    };
     session([&](frmNotes& f) {
-        type(f.txtName, "Dentist");
-        type(f.txtNote, "Call first");
-        QTest::keyClick(f.txtNote, Qt::Key_Return);
-        QTest::keyClicks(f.txtNote, "Bring card");
-        pick(f.ListEvery, "March");
-        type(f.txtDay, "5");
-        type(f.txtYear, "2027");
-        type(f.ListHour, "9");
-        type(f.ListMin, "5");
-        pick(f.ListAm, "AM");
-        leave();
-        click(f.cmdNew);
-        added.push_back(shown(f));
-
-        type(f.txtName, "Gym");
-        type(f.txtNote, "Bring towel");
-        pick(f.ListOn, "Weekly");
-        pick(f.ListEvery, "Tuesday");
-        type(f.ListHour, "6");
-        type(f.ListMin, "30");
-        pick(f.ListAm, "PM");
-        leave();
-        click(f.cmdNew);
-        added.push_back(shown(f));
-
-        type(f.txtName, "Birthday");
-        type(f.txtNote, "Cake");
-        pick(f.ListOn, "Yearly");
-        pick(f.ListEvery, "July");
-        type(f.txtDay, "14");
-        type(f.ListHour, "12");
-        type(f.ListMin, "0");
-        pick(f.ListAm, "AM");
-        leave();
-        QTest::keyClick(f.chkRemind, Qt::Key_Space);
-        click(f.cmdNew);
-        added.push_back(shown(f));
+        for (const auto& n : notes) {
+            run(f, n.script);
+            click(f.cmdNew);
+            EXPECT_EQ(shown(f), n.shown);
+        }
         click(f.cmdClose);
     });
-
-    ASSERT_EQ(added.size(), 3u);
-    EXPECT_EQ(added[0], (Shown{"Dentist", "Call first\nBring card", true, "Once", "March", "5",
-                               "2027", "09", "05", "AM", "Friday, March 5, 2027 at 09:05 AM"}));
-    EXPECT_EQ(added[1], (Shown{"Gym", "Bring towel", true, "Weekly", "Tuesday", "5", "2027", "06",
-                               "30", "PM", "Weekly on Tuesdays at 06:30 PM"}));
-    // With the reminder off the sentence still shows when the note is selected.
-    EXPECT_EQ(added[2], (Shown{"Birthday", "Cake", false, "Yearly", "July", "14", "2027", "12",
-                               "00", "AM", "Yearly on July 14, at 12:00 AM"}));
 
     QFile file(notesFile());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray bytes = file.readAll();
     ASSERT_EQ(bytes.size(), 3 * 566);
-    const struct {
-        QByteArray name;
-        QByteArray text;
-        // Remind, Kind, Every, Day, Year, HourIndex, MinuteIndex, AmPm
-        std::array<qint16, 8> numbers;
-    } records[] = {
-        {"Dentist", "Call first\r\nBring card", {1, 0, 2, 5, 2027, 8, 5, 0}},
-        {"Gym", "Bring towel", {1, 2, 2, 5, 2027, 5, 30, 1}},
-        {"Birthday", "Cake", {0, 4, 6, 14, 2027, 11, 0, 0}},
-    };
     for (int i = 0; i < 3; ++i) {
         SCOPED_TRACE(i);
         const QByteArray record = bytes.mid(i * 566, 566);
-        EXPECT_EQ(record.left(50), records[i].name.leftJustified(50, ' '));
-        EXPECT_EQ(record.mid(50, 500), records[i].text.leftJustified(500, ' '));
+        EXPECT_EQ(record.left(50), notes[i].shown[0].toLatin1().leftJustified(50, ' '));
+        // The line end is stored as carriage return and line feed.
+        EXPECT_EQ(
+            record.mid(50, 500),
+            QString(notes[i].shown[1]).replace("\n", "\r\n").toLatin1().leftJustified(500, ' '));
         for (int k = 0; k < 8; ++k)
             EXPECT_EQ(qFromLittleEndian<qint16>(record.constData() + 550 + 2 * k),
-                      records[i].numbers[std::size_t(k)])
+                      notes[i].numbers[std::size_t(k)])
                 << "field " << k;
     }
 
@@ -296,7 +286,7 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
         EXPECT_EQ(entries(f.List1), (QStringList{"Dentist", "Gym", "Birthday"}));
         for (int i : {0, 1, 2}) {
             clickEntry(f.List1, i);
-            EXPECT_EQ(shown(f), added[std::size_t(i)]) << i;
+            EXPECT_EQ(shown(f), notes[i].shown);
         }
     });
     EXPECT_TRUE(fp.dialogs.boxes.empty());
@@ -304,39 +294,27 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
 
 TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
 {
+    const QString cannotAdd = "Cannot Add Item", missing = "Missing Data";
+    const QString exists = "A note with same name exists";
+    const QStringList three = {"Tea", "tea", "Milk"};
     const struct {
         QPushButton* frmNotes::*button;
         QString name;
-        QString title;
+        QString title; // null: no box
         QString text;
         QStringList list;
     } steps[] = {
-        {&frmNotes::cmdNew, "Tea", "", "", {"Tea"}},
-        {&frmNotes::cmdNew, "Tea", "Cannot Add Item", "A note with same name exists", {"Tea"}},
-        {&frmNotes::cmdNew, "tea", "", "", {"Tea", "tea"}},
-        {&frmNotes::cmdNew, "  Milk  ", "", "", {"Tea", "tea", "Milk"}},
-        {&frmNotes::cmdNew,
-         " Milk",
-         "Cannot Add Item",
-         "A note with same name exists",
-         {"Tea", "tea", "Milk"}},
-        {&frmNotes::cmdNew,
-         "   ",
-         "Missing Data",
-         "You must specify a name for your note",
-         {"Tea", "tea", "Milk"}},
-        {&frmNotes::cmdChange, "Milk", "", "", {"Tea", "tea", "Milk"}},
-        {&frmNotes::cmdChange,
-         "Tea",
-         "Cannot Add Item",
-         "A note with same name or voice command exists",
-         {"Tea", "tea", "Milk"}},
-        {&frmNotes::cmdChange,
-         " ",
-         "Missing Data",
-         "You must have a short name for your note",
-         {"Tea", "tea", "Milk"}},
-        {&frmNotes::cmdChange, "Oat milk", "", "", {"Tea", "tea", "Oat milk"}},
+        {&frmNotes::cmdNew, "Tea", {}, {}, {"Tea"}},
+        {&frmNotes::cmdNew, "Tea", cannotAdd, exists, {"Tea"}},
+        {&frmNotes::cmdNew, "tea", {}, {}, {"Tea", "tea"}},
+        {&frmNotes::cmdNew, "  Milk  ", {}, {}, three},
+        {&frmNotes::cmdNew, " Milk", cannotAdd, exists, three},
+        {&frmNotes::cmdNew, "   ", missing, "You must specify a name for your note", three},
+        {&frmNotes::cmdChange, "Milk", {}, {}, three},
+        {&frmNotes::cmdChange, "Tea", cannotAdd, "A note with same name or voice command exists",
+         three},
+        {&frmNotes::cmdChange, " ", missing, "You must have a short name for your note", three},
+        {&frmNotes::cmdChange, "Oat milk", {}, {}, {"Tea", "tea", "Oat milk"}},
     };
     session([&](frmNotes& f) {
         for (const auto& step : steps) {
@@ -344,15 +322,12 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
             fp.dialogs.boxes.clear();
             type(f.txtName, step.name);
             click(f.*step.button);
-            if (step.title.isEmpty()) {
+            if (step.title.isNull()) {
                 EXPECT_TRUE(fp.dialogs.boxes.empty());
             } else {
                 ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-                const fakes::Box& box = fp.dialogs.boxes.front();
-                EXPECT_EQ(box.icon, BoxIcon::Warning);
-                EXPECT_EQ(box.buttons, BoxButtons::OK);
-                EXPECT_EQ(box.title, step.title);
-                EXPECT_EQ(box.text, step.text);
+                EXPECT_EQ(box(fp.dialogs.boxes[0]),
+                          std::tuple(BoxIcon::Warning, BoxButtons::OK, step.title, step.text));
             }
             EXPECT_EQ(entries(f.List1), step.list);
         }
@@ -389,10 +364,8 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
             EXPECT_EQ(int(f.WorkingNotes.size()), step.list.size() + 1);
         }
         ASSERT_EQ(fp.dialogs.boxes.size(), std::size(steps));
-        EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Warning);
-        EXPECT_EQ(fp.dialogs.boxes[0].buttons, BoxButtons::YesNo);
-        EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Confirmation"));
-        EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("Are you sure?"));
+        EXPECT_EQ(box(fp.dialogs.boxes[0]),
+                  std::tuple(BoxIcon::Warning, BoxButtons::YesNo, "Confirmation", "Are you sure?"));
         EXPECT_EQ(f.txtNote->toPlainText(), QString());
         EXPECT_FALSE(f.cmdChange->isEnabled());
         EXPECT_FALSE(f.cmdDel->isEnabled());
@@ -413,16 +386,16 @@ TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRest
     const struct {
         int row;
         std::size_t boxes;
-        Shown shown;
+        QStringList shown;
     } steps[] = {
         {1,
          1,
-         {"Pills", "Two", true, "Daily", "Tuesday", "3", "2025", "08", "45", "PM",
+         {"Pills", "Two", "1", "Daily", "Tuesday", "3", "2025", "08", "45", "PM",
           "Daily at 08:45 PM"}},
         // The kind, the hour and AM or PM are bad; the list of weekdays stays.
         {2,
          3,
-         {"Broken", "Three", true, "Daily", "Sunday", "4", "2024", "08", "10", "PM",
+         {"Broken", "Three", "1", "Daily", "Sunday", "4", "2024", "08", "10", "PM",
           "Daily at 08:10 PM"}},
     };
     session([&](frmNotes& f) {
@@ -432,126 +405,59 @@ TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRest
             fp.dialogs.boxes.clear();
             clickEntry(f.List1, step.row);
             ASSERT_EQ(fp.dialogs.boxes.size(), step.boxes);
-            for (const fakes::Box& box : fp.dialogs.boxes) {
-                EXPECT_EQ(box.icon, BoxIcon::Critical);
-                EXPECT_EQ(box.title, QStringLiteral("Notes File Error"));
-                EXPECT_EQ(box.text, error);
-            }
+            for (const fakes::Box& b : fp.dialogs.boxes)
+                EXPECT_EQ(box(b),
+                          std::tuple(BoxIcon::Critical, BoxButtons::OK, "Notes File Error", error));
             EXPECT_EQ(shown(f), step.shown);
         }
     });
 }
 
-enum class Target { Kind, Every, Hour, Minute, Day, Year };
-
-QWidget* widget(frmNotes& f, Target target)
-{
-    switch (target) {
-    case Target::Kind:
-        return f.ListOn;
-    case Target::Every:
-        return f.ListEvery;
-    case Target::Hour:
-        return f.ListHour;
-    case Target::Minute:
-        return f.ListMin;
-    case Target::Day:
-        return f.txtDay;
-    case Target::Year:
-        return f.txtYear;
-    }
-    return nullptr;
-}
-
 TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
 {
-    struct Action {
-        Target target;
-        QString keys;
-        bool leave = true;
-    };
     const struct {
-        const char* what;
-        std::vector<Action> actions;
-        Target box;
+        QString script;
+        QString box;
         QString text;
-        QString selected; // null: not looked at
+        bool selected; // the text stands selected, for the next key to replace
         int beeps;
         QString review; // null: not looked at
     } cases[] = {
-        {"13", {{Target::Hour, "13", false}}, Target::Hour, "02", "02", 0, {}},
-        {"0 hour", {{Target::Hour, "0", false}}, Target::Hour, "02", "02", 0, {}},
-        {"7 left", {{Target::Hour, "7"}}, Target::Hour, "07", {}, 0, {}},
-        {"60", {{Target::Minute, "60", false}}, Target::Minute, "25", "25", 0, {}},
-        {"00", {{Target::Minute, "00"}}, Target::Minute, "00", {}, 0, {}},
-        {"letter hour", {{Target::Hour, "x", false}}, Target::Hour, "02", {}, 1, {}},
-        {"letter minute", {{Target::Minute, "x", false}}, Target::Minute, "25", {}, 1, {}},
-        {"letter day", {{Target::Day, "x", false}}, Target::Day, "22", {}, 1, {}},
-        {"letter year", {{Target::Year, "x", false}}, Target::Year, "2026", {}, 1, {}},
-        {"Backspace", {{Target::Year, "19\b", false}}, Target::Year, "1", {}, 0, {}},
-        {"98", {{Target::Year, "98"}}, Target::Year, "1998", {}, 0, {}},
-        {"2", {{Target::Year, "2"}}, Target::Year, "2", {}, 0, {}},
-        {"199", {{Target::Year, "199"}}, Target::Year, "199", {}, 0, {}},
-        {"emptied year", {{Target::Year, "98\b\b", false}}, Target::Year, "2026", {}, 0, {}},
-        {"30 February",
-         {{Target::Every, "February"}, {Target::Day, "30"}},
-         Target::Day,
-         "22",
-         {},
-         0,
-         "Tuesday, February 3, 2026 at 02:25 PM"},
-        {"29 February, leap year",
-         {{Target::Every, "February"}, {Target::Year, "2028"}, {Target::Day, "29"}},
-         Target::Day,
-         "29",
-         {},
-         0,
+        {"Hour~13", "Hour", "02", true, 0, {}},
+        {"Hour~0", "Hour", "02", true, 0, {}},
+        {"Hour=7", "Hour", "07", false, 0, {}},
+        {"Minute~60", "Minute", "25", true, 0, {}},
+        {"Minute=00", "Minute", "00", false, 0, {}},
+        {"Hour~x", "Hour", "02", true, 1, {}},
+        {"Minute~x", "Minute", "25", true, 1, {}},
+        {"Day~x", "Day", "22", true, 1, {}},
+        {"Year~x", "Year", "2026", true, 1, {}},
+        {"Year~19\b", "Year", "1", false, 0, {}},
+        {"Year=98", "Year", "1998", false, 0, {}},
+        {"Year=2", "Year", "2", false, 0, {}},
+        {"Year=199", "Year", "199", false, 0, {}},
+        {"Year~98\b\b", "Year", "2026", false, 0, {}},
+        {"Every=February;Day=30", "Day", "22", false, 0, "Tuesday, February 3, 2026 at 02:25 PM"},
+        {"Every=February;Year=2028;Day=29", "Day", "29", false, 0,
          "Tuesday, February 29, 2028 at 02:25 PM"},
-        {"29 February",
-         {{Target::Every, "February"}, {Target::Year, "2027"}, {Target::Day, "29"}},
-         Target::Day,
-         "22",
-         {},
-         0,
+        {"Every=February;Year=2027;Day=29", "Day", "22", false, 0,
          "Tuesday, February 2, 2027 at 02:25 PM"},
         // Wednesday stands for April, which has no 31st.
-        {"Weekly day 31",
-         {{Target::Every, "January"},
-          {Target::Day, "31"},
-          {Target::Kind, "Weekly"},
-          {Target::Every, "Wednesday"}},
-         Target::Day,
-         "22",
-         {},
-         0,
+        {"Every=January;Day=31;Kind=Weekly;Every=Wednesday", "Day", "22", false, 0,
          "Weekly on Sundays at 02:25 PM"},
-        {"Monthly",
-         {{Target::Kind, "Monthly"}, {Target::Day, "5"}},
-         Target::Day,
-         "5",
-         {},
-         0,
-         "Monthly on 5, at 02:25 PM"},
+        {"Kind=Monthly;Day=5", "Day", "5", false, 0, "Monthly on 5, at 02:25 PM"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+        SCOPED_TRACE(c.script.toStdString());
         const int beeps = fp.dialogs.beeps;
         session([&](frmNotes& f) {
-            for (const Action& action : c.actions) {
-                QWidget* box = widget(f, action.target);
-                if (action.target == Target::Kind || action.target == Target::Every) {
-                    pick(static_cast<QComboBox*>(box), action.keys);
-                    continue;
-                }
-                type(box, action.keys);
-                if (action.leave)
-                    leave();
-            }
-            QLineEdit* box = lineEditOf(widget(f, c.box));
+            run(f, c.script);
+            QLineEdit* box = c.box == "Hour"     ? f.ListHour->lineEdit()
+                             : c.box == "Minute" ? f.ListMin->lineEdit()
+                             : c.box == "Day"    ? f.txtDay
+                                                 : f.txtYear;
             EXPECT_EQ(box->text(), c.text);
-            if (!c.selected.isNull()) {
-                EXPECT_EQ(box->selectedText(), c.selected);
-            }
+            EXPECT_EQ(box->selectedText() == box->text(), c.selected);
             if (!c.review.isNull()) {
                 EXPECT_EQ(f.LabelReview->text(), c.review);
             }
@@ -595,10 +501,10 @@ TEST_F(FrmNotesTest, AFailedSaveOffersRetryAndCancelDropsTheEdits)
         EXPECT_FALSE(f.isVisible());
     });
     ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
-    for (const fakes::Box& box : fp.dialogs.boxes) {
-        EXPECT_EQ(box.icon, BoxIcon::Critical);
-        EXPECT_EQ(box.buttons, BoxButtons::RetryCancel);
-        EXPECT_EQ(box.title, QStringLiteral("Cannot Open ") + notesFile());
+    for (const fakes::Box& b : fp.dialogs.boxes) {
+        EXPECT_EQ(
+            std::tuple(b.icon, b.buttons, b.title),
+            std::tuple(BoxIcon::Critical, BoxButtons::RetryCancel, "Cannot Open " + notesFile()));
     }
     EXPECT_TRUE(form().RemindTimer->isActive());
     EXPECT_EQ(app.ModalOpen, 0);
@@ -612,9 +518,9 @@ TEST_F(FrmNotesTest, AFileThatCannotBeReadIsNamedAndTheWindowStaysClosed)
     form().mnuQuorlReminders->trigger();
     EXPECT_TRUE(fp.modalWindows.isEmpty());
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Critical);
-    EXPECT_EQ(fp.dialogs.boxes[0].buttons, BoxButtons::OK);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Cannot Open ") + notesFile());
+    const fakes::Box& b = fp.dialogs.boxes[0];
+    EXPECT_EQ(std::tuple(b.icon, b.buttons, b.title),
+              std::tuple(BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + notesFile()));
     EXPECT_EQ(app.ModalOpen, 0);
     EXPECT_TRUE(form().RemindTimer->isActive());
 }
