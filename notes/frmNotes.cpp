@@ -203,21 +203,21 @@ bool frmNotes::Form_Load()
         app.MainForm->RemindTimer->stop();
         ShowVoiceComms(app, false);
         setReview(QString());
-        Fill(ListOn, KindNames());
-        SetListIndex(ListOn, 0);
+        fillList(ListOn, KindNames());
+        selectEntry(ListOn, 0);
         QStringList hours;
         for (int hour = 1; hour <= 12; ++hour)
             hours << TwoDigits(hour);
-        Fill(ListHour, hours);
+        fillList(ListHour, hours);
         QStringList minutes;
         for (int minute = 0; minute <= 59; ++minute)
             minutes << TwoDigits(minute);
-        Fill(ListMin, minutes);
-        Fill(ListAm, {QStringLiteral("AM"), QStringLiteral("PM")});
+        fillList(ListMin, minutes);
+        fillList(ListAm, {QStringLiteral("AM"), QStringLiteral("PM")});
         const QDateTime now = app.P.clock.Now();
-        SetListIndex(ListHour, HourIndexOf(now.time()));
-        SetListIndex(ListAm, AmPmIndexOf(now.time()));
-        SetListIndex(ListMin, now.time().minute());
+        selectEntry(ListHour, HourIndexOf(now.time()));
+        selectEntry(ListAm, AmPmIndexOf(now.time()));
+        selectEntry(ListMin, now.time().minute());
         txtDay->setText(QString::number(now.date().day()));
         txtYear->setText(QString::number(now.date().year()));
         {
@@ -290,13 +290,13 @@ void frmNotes::List1_Click()
             [&] { txtName->setText(TrimBlanks(note.NoteName)); },
             [&] { txtNote->setPlainText(ShownText(TrimBlanks(note.NoteText))); },
             [&] { SetCheckValue(chkRemind, note.Remind); },
-            [&] { SetListIndex(ListOn, note.Kind); },
-            [&] { SetListIndex(ListEvery, note.Every); },
+            [&] { selectEntry(ListOn, note.Kind); },
+            [&] { selectEntry(ListEvery, note.Every); },
             [&] { txtDay->setText(QString::number(note.Day)); },
             [&] { txtYear->setText(QString::number(note.Year)); },
-            [&] { SetListIndex(ListHour, note.HourIndex); },
-            [&] { SetListIndex(ListMin, note.MinuteIndex); },
-            [&] { SetListIndex(ListAm, note.AmPm); },
+            [&] { selectEntry(ListHour, note.HourIndex); },
+            [&] { selectEntry(ListMin, note.MinuteIndex); },
+            [&] { selectEntry(ListAm, note.AmPm); },
         };
         for (const auto& field : fields) {
             try {
@@ -337,8 +337,8 @@ NoteRecord frmNotes::enteredNote() const
     const int day = txtDay->text().toInt(&whole);
     note.Day = std::int16_t(whole ? day : app.P.clock.Now().date().day());
     note.Year = std::int16_t(Conversions::Val(txtYear->text()));
-    note.HourIndex = std::int16_t(ListIndex(ListHour));
-    note.MinuteIndex = std::int16_t(ListIndex(ListMin));
+    note.HourIndex = std::int16_t(entryIndex(ListHour));
+    note.MinuteIndex = std::int16_t(entryIndex(ListMin));
     note.AmPm = std::int16_t(ListAm->currentIndex());
     return note;
 }
@@ -465,7 +465,7 @@ bool frmNotes::eventFilter(QObject* watched, QEvent* event)
     return QDialog::eventFilter(watched, event);
 }
 
-void frmNotes::Fill(QComboBox* list, const QStringList& entries)
+void frmNotes::fillList(QComboBox* list, const QStringList& entries)
 {
     const QSignalBlocker quiet(list);
     list->clear();
@@ -473,14 +473,14 @@ void frmNotes::Fill(QComboBox* list, const QStringList& entries)
     list->setCurrentIndex(-1);
 }
 
-void frmNotes::SetListIndex(QComboBox* list, int index)
+void frmNotes::selectEntry(QComboBox* list, int index)
 {
     if (index < -1 || index >= list->count())
         throw InvalidValue();
     list->setCurrentIndex(index);
 }
 
-int frmNotes::ListIndex(const QComboBox* list)
+int frmNotes::entryIndex(const QComboBox* list)
 {
     return list->isEditable() ? list->findText(list->currentText()) : list->currentIndex();
 }

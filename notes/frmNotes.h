@@ -105,11 +105,11 @@ private:
     bool scheduleEvent(QObject* watched, QEvent* event);
 
     // A list's entries replaced, with nothing selected and no event raised.
-    static void Fill(QComboBox* list, const QStringList& entries);
+    static void fillList(QComboBox* list, const QStringList& entries);
     // A position set from code; one that the list lacks is refused with error 380.
-    static void SetListIndex(QComboBox* list, int index);
+    static void selectEntry(QComboBox* list, int index);
     // The selected position; for a box that takes typing, that of the entry equal to its text.
-    static int ListIndex(const QComboBox* list);
+    static int entryIndex(const QComboBox* list);
 };
 
 // Opens the window, modal.

@@ -94,10 +94,10 @@ void frmNotes::ListOn_Change()
         txtYear->setEnabled(controls->yearEnabled);
         const QDate today = app.P.clock.Now().date();
         if (controls->every == EveryList::Months) {
-            Fill(ListEvery, MonthNames());
+            fillList(ListEvery, MonthNames());
             ListEvery->setCurrentIndex(today.month() - 1);
         } else if (controls->every == EveryList::Weekdays) {
-            Fill(ListEvery, WeekdayNames());
+            fillList(ListEvery, WeekdayNames());
             ListEvery->setCurrentIndex(WeekdayIndexOf(today));
         }
     }
@@ -116,7 +116,7 @@ void frmNotes::LabelReview_Click()
     }
     const QString sentence = ReviewSentence(
         ListOn->currentIndex(), *date, ListEvery->currentText(), day, year,
-        ReviewTime(ListHour->currentText(), ListIndex(ListMin), ListAm->currentText()));
+        ReviewTime(ListHour->currentText(), entryIndex(ListMin), ListAm->currentText()));
     if (!sentence.isNull())
         setReview(sentence);
 }

@@ -161,8 +161,8 @@ protected:
 
     QString notesFile() const { return NotesFilePath(app.AppPath); }
 
-    // Opens the window from the menu and runs the script while it is up.
-    void session(const std::function<void(frmNotes&)>& script)
+    // Opens the window from the menu, or by the command, and runs the script while it is up.
+    void session(const std::function<void(frmNotes&)>& script, const QString& command = {})
     {
         fp.onModal = [&](QDialog& dialog) {
             auto& form = static_cast<frmNotes&>(dialog);
@@ -171,7 +171,10 @@ protected:
             ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
             script(form);
         };
-        form().mnuQuorlReminders->trigger();
+        if (command.isEmpty())
+            form().mnuQuorlReminders->trigger();
+        else
+            app.Events->Agent1_Command({command});
         fp.onModal = nullptr;
     }
 
@@ -182,21 +185,24 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
 {
     form().RemindTimer->start();
     form().mnuViewTop->setChecked(true);
-    session([&](frmNotes& f) {
-        EXPECT_FALSE(form().RemindTimer->isActive());
-        EXPECT_EQ(app.ModalOpen, 1);
-        EXPECT_FALSE(character().Commands().Visible());
-        EXPECT_EQ(f.windowTitle(), QStringLiteral("Notes & Reminders"));
-        EXPECT_EQ(shown(f), (QStringList{"New Note", "", "1", "Once", "November", "22", "2026",
-                                         "02", "25", "PM", ""}));
-        EXPECT_TRUE(f.Frame1->isEnabled());
-        EXPECT_FALSE(f.cmdChange->isEnabled());
-        EXPECT_FALSE(f.cmdDel->isEnabled());
-        // The note's field holds 500 bytes, a line end taking two.
-        type(f.txtNote, QString(499, 'a') + "\nbc");
-        EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
-        click(f.cmdClose);
-    });
+    // Opened by the spoken command this time.
+    session(
+        [&](frmNotes& f) {
+            EXPECT_FALSE(form().RemindTimer->isActive());
+            EXPECT_EQ(app.ModalOpen, 1);
+            EXPECT_FALSE(character().Commands().Visible());
+            EXPECT_EQ(f.windowTitle(), QStringLiteral("Notes & Reminders"));
+            EXPECT_EQ(shown(f), (QStringList{"New Note", "", "1", "Once", "November", "22", "2026",
+                                             "02", "25", "PM", ""}));
+            EXPECT_TRUE(f.Frame1->isEnabled());
+            EXPECT_FALSE(f.cmdChange->isEnabled());
+            EXPECT_FALSE(f.cmdDel->isEnabled());
+            // The note's field holds 500 bytes, a line end taking two.
+            type(f.txtNote, QString(499, 'a') + "\nbc");
+            EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
+            click(f.cmdClose);
+        },
+        "Notes");
     EXPECT_EQ(fp.modalWindows, QStringList{"frmNotes"});
     EXPECT_TRUE(form().RemindTimer->isActive());
     EXPECT_EQ(app.ModalOpen, 0);
