@@ -205,14 +205,14 @@ bool frmNotes::Form_Load()
         setReview(QString());
         fillList(ListOn, KindNames());
         selectEntry(ListOn, 0);
-        QStringList hours;
-        for (int hour = 1; hour <= 12; ++hour)
-            hours << TwoDigits(hour);
-        fillList(ListHour, hours);
-        QStringList minutes;
-        for (int minute = 0; minute <= 59; ++minute)
-            minutes << TwoDigits(minute);
-        fillList(ListMin, minutes);
+        const auto twoDigitRange = [](int first, int last) {
+            QStringList numbers;
+            for (int n = first; n <= last; ++n)
+                numbers << TwoDigits(n);
+            return numbers;
+        };
+        fillList(ListHour, twoDigitRange(1, 12));
+        fillList(ListMin, twoDigitRange(0, 59));
         fillList(ListAm, {QStringLiteral("AM"), QStringLiteral("PM")});
         const QDateTime now = app.P.clock.Now();
         selectEntry(ListHour, HourIndexOf(now.time()));
