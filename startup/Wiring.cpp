@@ -14,13 +14,13 @@
 #include "core/frmMain.h"
 #include "info/frmAbout.h"
 #include "info/frmSplash.h"
+#include "notes/frmNotes.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
 #include "settings/frmOptions.h"
 
 #include <QAction>
 #include <QCheckBox>
-#include <QEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -96,6 +96,8 @@ void ConnectWindow(App& app)
     onChecked(f.mnuViewTop, "mnuViewTop_Click", mnuViewTop_Click);
     on(f.mnuQuorlTime, &QAction::triggered, "mnuQuorlTime_Click", SayTime);
     on(f.mnuQuorlDate, &QAction::triggered, "mnuQuorlDate_Click", SayDate);
+    on(f.mnuQuorlReminders, &QAction::triggered, "mnuQuorlReminders_Click",
+       mnuQuorlReminders_Click);
     on(f.mnuFileRead, &QAction::triggered, "mnuFileRead_Click", mnuFileRead_Click);
     on(f.Timer2, &QTimer::timeout, "Timer2_Timer", Timer2_Timer);
     on(f.cmdStop, &QPushButton::clicked, "cmdStop_Click", cmdStop_Click);
@@ -118,43 +120,6 @@ void ConnectWindow(App& app)
     on(f.mnuAboutAbout, &QAction::triggered, "mnuAboutAbout_Click", mnuAboutAbout_Click);
 }
 
-// Keeps an entry disabled when the reading state would enable it again.
-void KeepDisabled(QAction* entry)
-{
-    entry->setEnabled(false);
-    QObject::connect(entry, &QAction::enabledChanged, entry, [entry](bool enabled) {
-        if (enabled)
-            entry->setEnabled(false);
-    });
-}
-
-// The same for a button, which tells of the change only as an event.
-class StayDisabled : public QObject
-{
-public:
-    using QObject::QObject;
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        auto* widget = static_cast<QWidget*>(watched);
-        if (event->type() == QEvent::EnabledChange && widget->isEnabled())
-            widget->setEnabled(false);
-        return false;
-    }
-};
-
-void KeepDisabled(QWidget* button)
-{
-    button->setEnabled(false);
-    button->installEventFilter(new StayDisabled(button));
-}
-
-// The windows that are not in the program yet: their entries stay disabled rather than do
-// nothing. Drop an entry here when its window lands and its routine is connected above.
-void DisableEntriesWithoutWindows(frmMain& f)
-{
-    KeepDisabled(f.mnuQuorlReminders);
-}
-
 } // namespace
 
 void WatchEndRequests(App& app)
@@ -168,7 +133,6 @@ void WireProgram(App& app)
 {
     SetHooks(app);
     ConnectWindow(app);
-    DisableEntriesWithoutWindows(*app.MainForm);
     app.Events = std::make_unique<ProgramEvents>(app);
     app.Agent1->setEventSink(app.Events.get());
 }

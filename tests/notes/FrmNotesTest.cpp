@@ -1,0 +1,534 @@
+#include "notes/frmNotes.h"
+
+#include "core/App.h"
+#include "core/frmMain.h"
+#include "fakes/LoadedProgram.h"
+#include "notes/NotesFile.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QtEndian>
+#include <array>
+#include <gtest/gtest.h>
+#include <map>
+#include <ostream>
+
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace
+{
+
+using platform::BoxAnswer;
+using platform::BoxButtons;
+using platform::BoxIcon;
+
+// What the window shows of a note: name, note, remind, kind, every, day, year, hour, minute,
+// AM or PM, and the sentence.
+QStringList shown(const frmNotes& f)
+{
+    return {
+        f.txtName->text(),       f.txtNote->toPlainText(),   f.chkRemind->isChecked() ? "1" : "0",
+        f.ListOn->currentText(), f.ListEvery->currentText(), f.txtDay->text(),
+        f.txtYear->text(),       f.ListHour->currentText(),  f.ListMin->currentText(),
+        f.ListAm->currentText(), f.LabelReview->text()};
+}
+
+QLineEdit* lineEditOf(QWidget* box)
+{
+    if (auto* list = qobject_cast<QComboBox*>(box))
+        return list->lineEdit();
+    return qobject_cast<QLineEdit*>(box);
+}
+
+void leave()
+{
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+}
+
+// Focuses a box as Tab would and types over what it offers for replacing.
+void type(QWidget* box, const QString& keys)
+{
+    if (box->hasFocus())
+        leave();
+    box->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(QTest::qWaitFor([box] { return box->hasFocus(); }));
+    if (auto* note = qobject_cast<QPlainTextEdit*>(box)) {
+        QTest::keyClick(note, Qt::Key_A, Qt::ControlModifier);
+    } else {
+        QLineEdit* edit = lineEditOf(box);
+        ASSERT_TRUE(QTest::qWaitFor([edit] { return edit->selectedText() == edit->text(); }));
+    }
+    const QStringList lines = keys.split('\n');
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (i > 0)
+            QTest::keyClick(box, Qt::Key_Return);
+        QTest::keyClicks(box, lines[i]);
+    }
+}
+
+// Picks an entry of a list by typing its name, as the keyboard search does.
+void pick(QComboBox* list, const QString& entry)
+{
+    // A new search, not the continuation of the last one typed a moment ago.
+    list->view()->keyboardSearch(QString());
+    QTest::keyClicks(list, entry);
+    EXPECT_EQ(list->currentText(), entry);
+}
+
+// Runs actions separated by ";": "Box=keys" types or picks and leaves the box, "Box~keys" types
+// and stays, "Remind=" turns the check box over.
+void run(frmNotes& f, const QString& script)
+{
+    const std::map<QString, QWidget*> boxes = {
+        {"Name", f.txtName},    {"Note", f.txtNote}, {"Remind", f.chkRemind}, {"Kind", f.ListOn},
+        {"Every", f.ListEvery}, {"Day", f.txtDay},   {"Year", f.txtYear},     {"Hour", f.ListHour},
+        {"Minute", f.ListMin},  {"Am", f.ListAm}};
+    for (const QString& action : script.split(';')) {
+        const qsizetype mark = std::max(action.indexOf('='), action.indexOf('~'));
+        QWidget* box = boxes.at(action.left(mark));
+        const QString keys = action.mid(mark + 1);
+        if (box == f.chkRemind)
+            QTest::keyClick(box, Qt::Key_Space);
+        else if (auto* list = qobject_cast<QComboBox*>(box); list && !list->isEditable())
+            pick(list, keys);
+        else
+            type(box, keys);
+        if (action[mark] == '=')
+            leave();
+    }
+}
+
+void click(QWidget* control)
+{
+    QTest::mouseClick(control, Qt::LeftButton);
+}
+
+void clickEntry(QListWidget* list, int row)
+{
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(row)).center());
+}
+
+QStringList entries(const QListWidget* list)
+{
+    QStringList texts;
+    for (int i = 0; i < list->count(); ++i)
+        texts << list->item(i)->text();
+    return texts;
+}
+
+auto box(const fakes::Box& b)
+{
+    return std::tuple(b.icon, b.buttons, b.title, b.text);
+}
+
+NoteRecord note(const QString& name, const QString& text, NoteRow row)
+{
+    NoteRecord record;
+    static_cast<NoteRow&>(record) = row;
+    record.NoteName = name;
+    record.NoteText = text;
+    return record;
+}
+
+class FrmNotesTest : public testing::Test, protected fakes::LoadedProgram
+{
+protected:
+    FrmNotesTest()
+    {
+        app.AppPath = dir.path();
+        // A Sunday afternoon.
+        fp.clock.now = QDateTime(QDate(2026, 11, 22), QTime(14, 25));
+    }
+
+    QString notesFile() const { return NotesFilePath(app.AppPath); }
+
+    // Opens the window from the menu, or by the command, and runs the script while it is up.
+    void session(const std::function<void(frmNotes&)>& script, const QString& command = {})
+    {
+        fp.onModal = [&](QDialog& dialog) {
+            auto& form = static_cast<frmNotes&>(dialog);
+            form.show();
+            form.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+            script(form);
+        };
+        if (command.isEmpty())
+            form().mnuQuorlReminders->trigger();
+        else
+            app.Events->Agent1_Command({command});
+        fp.onModal = nullptr;
+    }
+
+    QTemporaryDir dir;
+};
+
+TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRests)
+{
+    form().RemindTimer->start();
+    form().mnuViewTop->setChecked(true);
+    // Opened by the spoken command this time.
+    session(
+        [&](frmNotes& f) {
+            EXPECT_FALSE(form().RemindTimer->isActive());
+            EXPECT_EQ(app.ModalOpen, 1);
+            EXPECT_FALSE(character().Commands().Visible());
+            EXPECT_EQ(f.windowTitle(), QStringLiteral("Notes & Reminders"));
+            EXPECT_EQ(shown(f), (QStringList{"New Note", "", "1", "Once", "November", "22", "2026",
+                                             "02", "25", "PM", ""}));
+            EXPECT_TRUE(f.Frame1->isEnabled());
+            EXPECT_FALSE(f.cmdChange->isEnabled());
+            EXPECT_FALSE(f.cmdDel->isEnabled());
+            // The note's field holds 500 bytes, a line end taking two.
+            type(f.txtNote, QString(499, 'a') + "\nbc");
+            EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
+            click(f.cmdClose);
+        },
+        "Notes");
+    EXPECT_EQ(fp.modalWindows, QStringList{"frmNotes"});
+    EXPECT_TRUE(form().RemindTimer->isActive());
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(character().Commands().Visible());
+    EXPECT_TRUE(app.OnTop);
+    EXPECT_FALSE(QFile::exists(notesFile()));
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+}
+
+TEST_F(FrmNotesTest, TheKeyboardAloneReachesEveryControlByItsName)
+{
+    session([&](frmNotes& f) {
+        EXPECT_EQ(QApplication::focusWidget(), f.txtName);
+        QTest::keyClick(f.txtName, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(f.txtName, "Walk");
+        QTest::keyClick(&f, Qt::Key_A, Qt::AltModifier);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return f.List1->count() == 1; }));
+
+        QStringList names;
+        for (int i = 0; i < 16; ++i) {
+            leave();
+            names << QApplication::focusWidget()->accessibleName();
+        }
+        EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often", "On",
+                                      "Day:", "Year:", "Time hour", "Time minute", "AM or PM",
+                                      "When the reminder comes", "Add", "Change", "Remove", "Close",
+                                      "Note or Reminder Name:"}));
+        EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+
+        QTest::keyClick(&f, Qt::Key_C, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !f.isVisible(); }));
+    });
+    EXPECT_EQ(QFile(notesFile()).size(), 566);
+}
+
+TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndComeBack)
+{
+    const struct {
+        QString script;
+        QStringList shown;
+        // Remind, Kind, Every, Day, Year, HourIndex, MinuteIndex, AmPm
+        std::array<qint16, 8> numbers;
+    } notes[] = {
+        {"Name=Dentist;Note=Call first\nBring "
+         "card;Every=March;Day=5;Year=2027;Hour=9;Minute=5;Am=AM",
+         {"Dentist", "Call first\nBring card", "1", "Once", "March", "5", "2027", "09", "05", "AM",
+          "Friday, March 5, 2027 at 09:05 AM"},
+         {1, 0, 2, 5, 2027, 8, 5, 0}},
+        {"Name=Gym;Note=Bring towel;Kind=Weekly;Every=Tuesday;Hour=6;Minute=30;Am=PM",
+         {"Gym", "Bring towel", "1", "Weekly", "Tuesday", "5", "2027", "06", "30", "PM",
+          "Weekly on Tuesdays at 06:30 PM"},
+         {1, 2, 2, 5, 2027, 5, 30, 1}},
+        // With the reminder off the sentence still shows when the note is selected.
+        {"Name=Birthday;Note=Cake;Kind=Yearly;Every=July;Day=14;Hour=12;Minute=0;Am=AM;Remind=",
+         {"Birthday", "Cake", "0", "Yearly", "July", "14", "2027", "12", "00", "AM",
+          "Yearly on July 14, at 12:00 AM"},
+         {0, 4, 6, 14, 2027, 11, 0, 0}},
+    };
+    session([&](frmNotes& f) {
+        for (const auto& n : notes) {
+            run(f, n.script);
+            click(f.cmdNew);
+            EXPECT_EQ(shown(f), n.shown);
+        }
+        click(f.cmdClose);
+    });
+
+    QFile file(notesFile());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    ASSERT_EQ(bytes.size(), 3 * 566);
+    for (int i = 0; i < 3; ++i) {
+        SCOPED_TRACE(i);
+        const QByteArray record = bytes.mid(i * 566, 566);
+        EXPECT_EQ(record.left(50), notes[i].shown[0].toLatin1().leftJustified(50, ' '));
+        // The line end is stored as carriage return and line feed.
+        EXPECT_EQ(
+            record.mid(50, 500),
+            QString(notes[i].shown[1]).replace("\n", "\r\n").toLatin1().leftJustified(500, ' '));
+        for (int k = 0; k < 8; ++k)
+            EXPECT_EQ(qFromLittleEndian<qint16>(record.constData() + 550 + 2 * k),
+                      notes[i].numbers[std::size_t(k)])
+                << "field " << k;
+    }
+
+    session([&](frmNotes& f) {
+        EXPECT_EQ(entries(f.List1), (QStringList{"Dentist", "Gym", "Birthday"}));
+        for (int i : {0, 1, 2}) {
+            clickEntry(f.List1, i);
+            EXPECT_EQ(shown(f), notes[i].shown);
+        }
+    });
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+}
+
+TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
+{
+    const QString cannotAdd = "Cannot Add Item", missing = "Missing Data";
+    const QString exists = "A note with same name exists";
+    const QStringList three = {"Tea", "tea", "Milk"};
+    const struct {
+        QPushButton* frmNotes::*button;
+        QString name;
+        QString title; // null: no box
+        QString text;
+        QStringList list;
+    } steps[] = {
+        {&frmNotes::cmdNew, "Tea", {}, {}, {"Tea"}},
+        {&frmNotes::cmdNew, "Tea", cannotAdd, exists, {"Tea"}},
+        {&frmNotes::cmdNew, "tea", {}, {}, {"Tea", "tea"}},
+        {&frmNotes::cmdNew, "  Milk  ", {}, {}, three},
+        {&frmNotes::cmdNew, " Milk", cannotAdd, exists, three},
+        {&frmNotes::cmdNew, "   ", missing, "You must specify a name for your note", three},
+        {&frmNotes::cmdChange, "Milk", {}, {}, three},
+        {&frmNotes::cmdChange, "Tea", cannotAdd, "A note with same name or voice command exists",
+         three},
+        {&frmNotes::cmdChange, " ", missing, "You must have a short name for your note", three},
+        {&frmNotes::cmdChange, "Oat milk", {}, {}, {"Tea", "tea", "Oat milk"}},
+    };
+    session([&](frmNotes& f) {
+        for (const auto& step : steps) {
+            SCOPED_TRACE(step.name.toStdString());
+            fp.dialogs.boxes.clear();
+            type(f.txtName, step.name);
+            click(f.*step.button);
+            if (step.title.isNull()) {
+                EXPECT_TRUE(fp.dialogs.boxes.empty());
+            } else {
+                ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+                EXPECT_EQ(box(fp.dialogs.boxes[0]),
+                          std::tuple(BoxIcon::Warning, BoxButtons::OK, step.title, step.text));
+            }
+            EXPECT_EQ(entries(f.List1), step.list);
+        }
+        EXPECT_EQ(f.WorkingNotes[3].NoteName, QStringLiteral("Oat milk"));
+        QTest::mouseMove(f.List1->viewport(), f.List1->visualItemRect(f.List1->item(0)).center());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return f.List1->toolTip() == "Oat milk"; }));
+    });
+}
+
+TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
+{
+    std::vector<NoteRecord> notes;
+    for (const char* name : {"A", "B", "C", "D"})
+        notes.push_back(note(name, QStringLiteral("about ") + name, NoteRow{1, 1}));
+    WriteNotesFile(notesFile(), notes);
+    const struct {
+        int row;
+        BoxAnswer answer;
+        QStringList list;
+        QString selected; // shown in the name box after the removal
+    } steps[] = {
+        {1, BoxAnswer::No, {"A", "B", "C", "D"}, "B"}, {1, BoxAnswer::Yes, {"A", "C", "D"}, "A"},
+        {0, BoxAnswer::Yes, {"C", "D"}, "C"},          {1, BoxAnswer::Yes, {"C"}, "C"},
+        {0, BoxAnswer::Yes, {}, "New Note"},
+    };
+    session([&](frmNotes& f) {
+        for (const auto& step : steps) {
+            SCOPED_TRACE(step.selected.toStdString());
+            clickEntry(f.List1, step.row);
+            fp.dialogs.answers = {step.answer};
+            click(f.cmdDel);
+            EXPECT_EQ(entries(f.List1), step.list);
+            EXPECT_EQ(f.txtName->text(), step.selected);
+            EXPECT_EQ(int(f.WorkingNotes.size()), step.list.size() + 1);
+        }
+        ASSERT_EQ(fp.dialogs.boxes.size(), std::size(steps));
+        EXPECT_EQ(box(fp.dialogs.boxes[0]),
+                  std::tuple(BoxIcon::Warning, BoxButtons::YesNo, "Confirmation", "Are you sure?"));
+        EXPECT_EQ(f.txtNote->toPlainText(), QString());
+        EXPECT_FALSE(f.cmdChange->isEnabled());
+        EXPECT_FALSE(f.cmdDel->isEnabled());
+        click(f.cmdClose);
+    });
+    EXPECT_FALSE(QFile::exists(notesFile()));
+}
+
+TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRestLoads)
+{
+    WriteNotesFile(notesFile(),
+                   {note("Gym", "", {1, 2, 2, 5, 2026, 5, 30, 1}),
+                    // A Daily note keeps the month that the list held when it was saved.
+                    note("Pills", "Two", {1, 1, 10, 3, 2025, 7, 45, 1}),
+                    note("Broken", "Three", {1, 7, 0, 4, 2024, 12, 10, 2})});
+    const QString error = QStringLiteral("Error in your Notes file. To start a new one, delete '") +
+                          notesFile() + QStringLiteral("'");
+    const struct {
+        int row;
+        std::size_t boxes;
+        QStringList shown;
+    } steps[] = {
+        {1,
+         1,
+         {"Pills", "Two", "1", "Daily", "Tuesday", "3", "2025", "08", "45", "PM",
+          "Daily at 08:45 PM"}},
+        // The kind, the hour and AM or PM are bad; the list of weekdays stays.
+        {2,
+         3,
+         {"Broken", "Three", "1", "Daily", "Sunday", "4", "2024", "08", "10", "PM",
+          "Daily at 08:10 PM"}},
+    };
+    session([&](frmNotes& f) {
+        EXPECT_EQ(f.ListEvery->count(), 7);
+        for (const auto& step : steps) {
+            SCOPED_TRACE(step.row);
+            fp.dialogs.boxes.clear();
+            clickEntry(f.List1, step.row);
+            ASSERT_EQ(fp.dialogs.boxes.size(), step.boxes);
+            for (const fakes::Box& b : fp.dialogs.boxes)
+                EXPECT_EQ(box(b),
+                          std::tuple(BoxIcon::Critical, BoxButtons::OK, "Notes File Error", error));
+            EXPECT_EQ(shown(f), step.shown);
+        }
+    });
+}
+
+TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
+{
+    const struct {
+        QString script;
+        QString box;
+        QString text;
+        bool selected; // the text stands selected, for the next key to replace
+        int beeps;
+        QString review; // null: not looked at
+    } cases[] = {
+        {"Hour~13", "Hour", "02", true, 0, {}},
+        {"Hour~0", "Hour", "02", true, 0, {}},
+        {"Hour=7", "Hour", "07", false, 0, {}},
+        {"Minute~60", "Minute", "25", true, 0, {}},
+        {"Minute=00", "Minute", "00", false, 0, {}},
+        {"Hour~x", "Hour", "02", true, 1, {}},
+        {"Minute~x", "Minute", "25", true, 1, {}},
+        {"Day~x", "Day", "22", true, 1, {}},
+        {"Year~x", "Year", "2026", true, 1, {}},
+        {"Year~19\b", "Year", "1", false, 0, {}},
+        {"Year=98", "Year", "1998", false, 0, {}},
+        {"Year=2", "Year", "2", false, 0, {}},
+        {"Year=199", "Year", "199", false, 0, {}},
+        {"Year~98\b\b", "Year", "2026", false, 0, {}},
+        {"Every=February;Day=30", "Day", "22", false, 0, "Tuesday, February 3, 2026 at 02:25 PM"},
+        {"Every=February;Year=2028;Day=29", "Day", "29", false, 0,
+         "Tuesday, February 29, 2028 at 02:25 PM"},
+        {"Every=February;Year=2027;Day=29", "Day", "22", false, 0,
+         "Tuesday, February 2, 2027 at 02:25 PM"},
+        // Wednesday stands for April, which has no 31st.
+        {"Every=January;Day=31;Kind=Weekly;Every=Wednesday", "Day", "22", false, 0,
+         "Weekly on Sundays at 02:25 PM"},
+        {"Kind=Monthly;Day=5", "Day", "5", false, 0, "Monthly on 5, at 02:25 PM"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.script.toStdString());
+        const int beeps = fp.dialogs.beeps;
+        session([&](frmNotes& f) {
+            run(f, c.script);
+            QLineEdit* box = c.box == "Hour"     ? f.ListHour->lineEdit()
+                             : c.box == "Minute" ? f.ListMin->lineEdit()
+                             : c.box == "Day"    ? f.txtDay
+                                                 : f.txtYear;
+            EXPECT_EQ(box->text(), c.text);
+            EXPECT_EQ(box->selectedText() == box->text(), c.selected);
+            if (!c.review.isNull()) {
+                EXPECT_EQ(f.LabelReview->text(), c.review);
+            }
+        });
+        EXPECT_EQ(fp.dialogs.beeps - beeps, c.beeps);
+    }
+}
+
+TEST_F(FrmNotesTest, AFileOfPartRecordsIsWrittenBackAsWholeRecords)
+{
+    const QByteArray whole = EncodeNoteRecord(note("One", "first", {1, 1})) +
+                             EncodeNoteRecord(note("Two", "second", {0, 3, 0, 9}));
+    const QByteArray tail = QByteArray("Three").leftJustified(300, ' ');
+    const struct {
+        int extra;
+        QByteArray written;
+    } cases[] = {
+        {300, whole + tail.leftJustified(550, ' ') + QByteArray(16, '\0')},
+        {200, whole},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.extra);
+        QFile file(notesFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(whole + tail.left(c.extra));
+        file.close();
+        session([&](frmNotes& f) { click(f.cmdClose); });
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), c.written);
+        file.close();
+    }
+}
+
+TEST_F(FrmNotesTest, AFailedSaveOffersRetryAndCancelDropsTheEdits)
+{
+    app.AppPath = dir.path() + QStringLiteral("/missing");
+    fp.dialogs.answers = {BoxAnswer::Retry, BoxAnswer::Cancel};
+    session([&](frmNotes& f) {
+        click(f.cmdNew);
+        click(f.cmdClose);
+        EXPECT_FALSE(f.isVisible());
+    });
+    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
+    for (const fakes::Box& b : fp.dialogs.boxes) {
+        EXPECT_EQ(
+            std::tuple(b.icon, b.buttons, b.title),
+            std::tuple(BoxIcon::Critical, BoxButtons::RetryCancel, "Cannot Open " + notesFile()));
+    }
+    EXPECT_TRUE(form().RemindTimer->isActive());
+    EXPECT_EQ(app.ModalOpen, 0);
+    // Only cmdClose brings the command group back.
+    EXPECT_FALSE(character().Commands().Visible());
+}
+
+TEST_F(FrmNotesTest, AFileThatCannotBeReadIsNamedAndTheWindowStaysClosed)
+{
+    ASSERT_TRUE(QDir().mkdir(notesFile()));
+    form().mnuQuorlReminders->trigger();
+    EXPECT_TRUE(fp.modalWindows.isEmpty());
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    const fakes::Box& b = fp.dialogs.boxes[0];
+    EXPECT_EQ(std::tuple(b.icon, b.buttons, b.title),
+              std::tuple(BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + notesFile()));
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(form().RemindTimer->isActive());
+}
+
+} // namespace
