@@ -8,9 +8,6 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 struct MainMenusTest : ::testing::Test, fakes::ProgramWindow {
 };
 
@@ -20,8 +17,8 @@ TEST_F(MainMenusTest, WebPagesAndThePropertySheet)
     app.MainForm->mnuFileDownload->trigger();
     app.MainForm->mnuAboutSite->trigger();
     EXPECT_EQ(fp.shell.urls, (QStringList{InstallAgentPageUrl, CharactersPageUrl, HomePageUrl}));
-    EXPECT_TRUE(fp.shell.urls[0].endsWith(QStringLiteral("/quorl/installagent.html")));
-    EXPECT_TRUE(fp.shell.urls[1].endsWith(QStringLiteral("/quorl/characters.html")));
+    EXPECT_TRUE(fp.shell.urls[0].endsWith("/quorl/installagent.html"));
+    EXPECT_TRUE(fp.shell.urls[1].endsWith("/quorl/characters.html"));
     app.MainForm->mnuFileAgent->trigger();
     EXPECT_TRUE(fp.agent->propertySheetVisible);
 }
@@ -51,5 +48,3 @@ TEST_F(MainMenusTest, UnderscoreButtonHidesTheWindowAndTheTrayBringsItBack)
     fp.tray.doubleClick();
     EXPECT_TRUE(app.MainForm->isVisible());
 }
-
-} // namespace

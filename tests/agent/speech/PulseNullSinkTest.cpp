@@ -5,7 +5,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -48,8 +47,7 @@ public:
         ::kill(pid_, SIGTERM);
         // The server removes its pid file as it exits; its folder can go after that.
         const QString pidFile = runtime_.filePath(u"pulse/pid"_qs);
-        for (int i = 0; i < 50 && QFile::exists(pidFile); ++i)
-            QThread::msleep(100);
+        (void)QTest::qWaitFor([&] { return !QFile::exists(pidFile); }, 5000);
     }
 
     bool running() const { return pid_ > 0; }
@@ -98,8 +96,17 @@ TEST(PulseNullSinkTest, SpeechReachesTheSoundServer)
     output.speak(u"The time now is 2:25."_qs, VoiceDefaults{100, 150, 0});
     ASSERT_TRUE(finished.wait(10000));
     EXPECT_TRUE(finished.at(0).at(0).toBool());
-    QTest::qWait(300);
-    recorded += recorder.readAllStandardOutput();
+    // The monitor hands over what was played a little later: wait until the speech has been
+    // heard and a fifth of a second of silence follows it.
+    constexpr std::size_t Pause = 4410;
+    const auto speechPassed = [&] {
+        recorder.waitForReadyRead(50);
+        recorded += recorder.readAllStandardOutput();
+        const std::vector<qint16> heard = toSamples(recorded);
+        return heard.size() > Pause && speechtest::audibleSamples(heard) > 0 &&
+               speechtest::audibleSamples({heard.end() - Pause, heard.end()}) == 0;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(speechPassed, 5000));
     recorder.kill();
     recorder.waitForFinished(2000);
     recorded += recorder.readAllStandardOutput();
