@@ -19,7 +19,9 @@ pulseaudio --daemonize=yes --exit-idle-time=-1 -n \
 pactl set-default-sink speaker
 pactl set-default-source microphone
 
-flite -voice slt -t "What is the time" -o "$work/time.wav"
+# The words with a moment of silence on each side, as a speaker holds the key around them.
+flite -voice slt -t "What is the time" -o "$work/words.wav"
+sox "$work/words.wav" "$work/time.wav" pad 0.3 0.3
 
 "$quorl" >"$work/log" 2>&1 &
 pid=$!
