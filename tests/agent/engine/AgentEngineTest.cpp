@@ -47,16 +47,6 @@ protected:
         return engine->Characters().Character("G");
     }
 
-    static platform::RuntimeError errorOf(const std::function<void()>& call)
-    {
-        try {
-            call();
-        } catch (const platform::RuntimeError& error) {
-            return error;
-        }
-        return {0, {}, {}};
-    }
-
     bool waitForEvents(int count)
     {
         return QTest::qWaitFor([&] { return events.events.size() >= count; }, 5000);

@@ -66,6 +66,14 @@ protected:
         return QTest::qWaitFor([&] { return events.events.contains(event); }, 5000);
     }
 
+    // Right-clicks the character; the popup menu that opens, or null.
+    QMenu* rightClick()
+    {
+        QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
+        (void)QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+
     void showAt(int x, int y)
     {
         character->MoveTo(std::int16_t(x), std::int16_t(y));
@@ -117,25 +125,17 @@ TEST_F(CharacterWindowTest, RightClickOpensThePopupMenu)
     commands.Add(" ", " ", {}, false, true);
     showAt(Left, Top);
 
-    QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000));
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QMenu* menu = rightClick();
     ASSERT_NE(menu, nullptr);
-    QStringList texts;
-    for (const QAction* action : menu->actions())
-        texts << (action->isSeparator() ? "----" : action->text()) +
-                     (action->isEnabled() ? "" : " (grey)");
-    EXPECT_EQ(texts, (QStringList{"What is the Time?", "Notes && Reminders (grey)", "----", "----",
-                                  "Hide"}));
+    EXPECT_EQ(menuTexts(*menu), (QStringList{"What is the Time?", "Notes && Reminders (grey)",
+                                             "----", "----", "Hide"}));
     ASSERT_TRUE(waitForEvent("Click G 2 0"));
     EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 30, Top + 30));
 
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
     ASSERT_TRUE(waitForEvent("Command Time"));
 
-    QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000));
-    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    menu = rightClick();
     ASSERT_NE(menu, nullptr);
     QTest::mouseClick(menu, Qt::LeftButton, {},
                       menu->actionGeometry(menu->actions().last()).center());

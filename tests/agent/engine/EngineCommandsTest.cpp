@@ -1,5 +1,6 @@
 #include "agent/engine/EngineCommands.h"
 
+#include "EngineTestSupport.h"
 #include "agent/engine/EngineErrors.h"
 #include "agent/engine/PopupMenu.h"
 
@@ -8,6 +9,7 @@
 
 using namespace agent;
 using namespace agent::engine;
+using namespace agent::engine::testing;
 
 QStringList phraseNames(const EngineCommands& commands)
 {
@@ -52,29 +54,15 @@ TEST(EngineCommandsTest, UnknownNamesAndPositionsThrow)
 {
     EngineCommands commands([] {});
     commands.Add("Time", {}, {}, true, true);
-    const auto expectError = [](const std::function<void()>& call, std::int32_t number) {
-        try {
-            call();
-            ADD_FAILURE() << "no error";
-        } catch (const platform::RuntimeError& error) {
-            EXPECT_EQ(error.Number, number);
-            EXPECT_EQ(error.Source, "Agent.Control.1");
-            EXPECT_FALSE(error.Description.isEmpty());
-        }
-    };
-    expectError([&] { commands.Command("time"); }, errors::CommandNotFound);
-    expectError([&] { commands.Command("Date"); }, errors::CommandNotFound);
-    expectError([&] { commands.At(1); }, errors::CommandNotFound);
-    expectError([&] { commands.At(-1); }, errors::CommandNotFound);
-}
-
-QStringList menuTexts(const QMenu& menu)
-{
-    QStringList texts;
-    for (const QAction* action : menu.actions())
-        texts << (action->isSeparator() ? "----"
-                                        : action->text() + (action->isEnabled() ? "" : " (grey)"));
-    return texts;
+    const std::function<void()> calls[] = {[&] { commands.Command("time"); },
+                                           [&] { commands.Command("Date"); },
+                                           [&] { commands.At(1); }, [&] { commands.At(-1); }};
+    for (const auto& call : calls) {
+        const platform::RuntimeError error = errorOf(call);
+        EXPECT_EQ(error.Number, errors::CommandNotFound);
+        EXPECT_EQ(error.Source, "Agent.Control.1");
+        EXPECT_FALSE(error.Description.isEmpty());
+    }
 }
 
 TEST(EngineCommandsTest, PopupMenuEntries)
@@ -108,9 +96,6 @@ TEST(EngineCommandsTest, PopupMenuEntries)
         for (QAction* action : menu->actions())
             action->trigger();
         EXPECT_EQ(hides, 1) << test.name;
-        if (test.groupVisible)
-            EXPECT_EQ(picked, (QStringList{"Clip", " 1"}));
-        else
-            EXPECT_TRUE(picked.isEmpty());
+        EXPECT_EQ(picked, test.groupVisible ? QStringList({"Clip", " 1"}) : QStringList());
     }
 }

@@ -4,10 +4,13 @@
 #include "agent/acs/CharacterData.h"
 #include "platform/Agent.h"
 
+#include <QAction>
+#include <QMenu>
 #include <QPoint>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 namespace agent::engine::testing
@@ -68,6 +71,27 @@ public:
     QStringList events;
     QList<QPoint> clickPositions;
 };
+
+// The error the call throws; number 0 when it throws none.
+inline platform::RuntimeError errorOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const platform::RuntimeError& error) {
+        return error;
+    }
+    return {0, {}, {}};
+}
+
+// The menu's entries as text: "----" for a separator, " (grey)" after a disabled entry.
+inline QStringList menuTexts(const QMenu& menu)
+{
+    QStringList texts;
+    for (const QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QStringLiteral("----")
+                                        : action->text() + (action->isEnabled() ? "" : " (grey)"));
+    return texts;
+}
 
 // Writes the character as an .acs file in a temporary folder and gives its path.
 QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character,
