@@ -11,15 +11,6 @@ quorl=$1
 trap 'finish "${pid:-}"' EXIT
 export QT_LOGGING_RULES="agent.speech.debug=true"
 
-wait_setting() {
-    local deadline=$((SECONDS + $2))
-    while [ $SECONDS -lt $deadline ]; do
-        grep -q "^$1=" "$settings" 2>/dev/null && return 0
-        sleep 0.3
-    done
-    return 1
-}
-
 # Fraction of pixels in a square of the screen that differ from the root window's black.
 coverage() {
     import -window root "$work/screen.png"

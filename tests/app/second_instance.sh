@@ -11,7 +11,8 @@ printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\n' >"$settings"
 "$quorl" >"$work/log1" 2>&1 &
 first=$!
 wait_window '^Quorl$' 30 >/dev/null || fail "the first instance showed no window"
-sleep 2
+# The greeting's setting is the last one start-up writes.
+wait_setting Greeting 30 || fail "the first instance did not finish starting"
 before=$(sha256sum "$settings")
 
 windows() { xdotool search --onlyvisible --name '^Quorl$' 2>/dev/null | sort || true; }

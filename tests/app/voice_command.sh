@@ -15,20 +15,30 @@ pulseaudio --daemonize=yes --exit-idle-time=-1 -n \
     --load="module-null-sink sink_name=speaker" --load="module-null-sink sink_name=voice" \
     --load=module-native-protocol-unix \
     --load="module-remap-source master=voice.monitor source_name=microphone" ||
-    { echo "SKIP: pulseaudio could not start"; exit 0; }
+    { echo "SKIP: pulseaudio could not start"; exit 77; }
 pactl set-default-sink speaker
 pactl set-default-source microphone
 
-flite -voice slt -t "What is the time" -o "$work/time.wav"
+# The words with a moment of silence on each side, as a speaker holds the key around them.
+flite -voice slt -t "What is the time" -o "$work/words.wav"
+sox "$work/words.wav" "$work/time.wav" pad 0.3 0.3
 
 "$quorl" >"$work/log" 2>&1 &
 pid=$!
 wait_window '^Quorl$' 30 >/dev/null || fail "the program showed no window"
-sleep 4
+# The greeting's setting is the last one start-up writes; by then the commands are listened for.
+wait_setting Greeting 30 || fail "the program did not finish starting"
 
 xdotool keydown Scroll_Lock
-sleep 0.5
+# Listening has begun once the program records from the microphone.
+for _ in $(seq 1 20); do
+    [ -n "$(pactl list short source-outputs)" ] && break
+    sleep 0.25
+done
+[ -n "$(pactl list short source-outputs)" ] || fail "the listening key opened no microphone"
 paplay -d voice "$work/time.wav"
+# paplay returns when the sound server has played the file; its last half second may still be
+# in the recording stream's buffer, so the key is held that much longer.
 sleep 0.5
 xdotool keyup Scroll_Lock
 

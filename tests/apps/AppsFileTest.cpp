@@ -8,13 +8,22 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-namespace
+// The application records and the file that holds them.
+
+QByteArray blanks(int n)
 {
+    return QByteArray(n, ' ');
+}
+
+QByteArray flags(const char (&bytes)[5])
+{
+    return QByteArray(bytes, 4);
+}
 
 AppRecord record(int i)
 {
-    return {QStringLiteral("Title %1").arg(i), QStringLiteral("Voice %1").arg(i),
-            QStringLiteral("/usr/bin/program%1 --arg").arg(i), std::int16_t(i % 2), 1};
+    return {QString("Title %1").arg(i), QString("Voice %1").arg(i),
+            QString("/usr/bin/program%1 --arg").arg(i), std::int16_t(i % 2), 1};
 }
 
 QByteArray fileBytes(const QString& name)
@@ -24,81 +33,93 @@ QByteArray fileBytes(const QString& name)
     return file.readAll();
 }
 
-void writeBytes(const QString& name, const QByteArray& bytes)
+TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
 {
-    QFile file(name);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
+    const QString fifty = "Fifty characters of title, with no blank after it!";
+    ASSERT_EQ(fifty.size(), 50);
+    const std::pair<AppRecord, QByteArray> cases[] = {
+        {{"Editor", "Open the editor", "/usr/bin/gedit --new-window", 1, 1},
+         "Editor" + blanks(44) + "Open the editor" + blanks(35) + "/usr/bin/gedit --new-window" +
+             blanks(228) + flags("\x01\x00\x01\x00")},
+        {{fifty, "Title", QString(), 0, 1},
+         fifty.toLatin1() + "Title" + blanks(45) + blanks(255) + flags("\x00\x00\x01\x00")},
+        {{u"Caf\u00e9 \u2013 R\u00e9sum\u00e9 \u20ac"_qs, "(Cafe|Coffee)", u"/opt/caf\u00e9/run"_qs,
+          1, 0},
+         "Caf\xe9 \x96 R\xe9sum\xe9 \x80" + blanks(35) + "(Cafe|Coffee)" + blanks(37) +
+             "/opt/caf\xe9/run" + blanks(242) + flags("\x01\x00\x00\x00")},
+        // The byte order of the flags shows with values above 255 and below 0.
+        {{"x", "y", "z", 0x0102, -2},
+         "x" + blanks(49) + "y" + blanks(49) + "z" + blanks(254) + flags("\x02\x01\xfe\xff")},
+    };
+    for (const auto& [record, bytes] : cases) {
+        ASSERT_EQ(EncodeAppRecord(record).size(), 359);
+        EXPECT_EQ(EncodeAppRecord(record).toHex(), bytes.toHex()) << record.Title.toStdString();
+        EXPECT_EQ(DecodeAppRecord(bytes), record) << record.Title.toStdString();
+    }
 }
 
-class AppsFileTest : public ::testing::Test
+TEST(AppRecordTest, DecodingCutsTrimsAndFillsFields)
 {
-protected:
+    // Long texts are cut at their field width.
+    const AppRecord longTexts{QString(60, 't'), QString(51, 'v'), "/bin/" + QString(300, 'p'), 1,
+                              1};
+    EXPECT_EQ(DecodeAppRecord(EncodeAppRecord(longTexts)),
+              (AppRecord{QString(50, 't'), QString(50, 'v'), longTexts.Path.left(255), 1, 1}));
+    // Blanks go on both sides.
+    EXPECT_EQ(DecodeAppRecord("  Mail " + blanks(43) + " mail" + blanks(45) + "   /usr/bin/mutt  " +
+                              blanks(237) + flags("\x01\x00\x01\x00")),
+              (AppRecord{"Mail", "mail", "/usr/bin/mutt", 1, 1}));
+    // The missing bytes of a short record read as blanks and zero.
+    const AppRecord full{"Title", "Voice", "/usr/bin/program", 1, 1};
+    EXPECT_EQ(DecodeAppRecord(EncodeAppRecord(full).left(180)),
+              (AppRecord{"Title", "Voice", "/usr/bin/program", 0, 0}));
+}
+
+struct AppsFileTest : ::testing::Test {
     QTemporaryDir dir;
     QString name = AppsFilePath(dir.path());
 };
 
-TEST_F(AppsFileTest, TheFileIsInTheDataFolder)
-{
-    EXPECT_EQ(AppsFilePath(QStringLiteral("/data/Quorl")), QStringLiteral("/data/Quorl/Apps.cfg"));
-}
-
 TEST_F(AppsFileTest, FilesOfEachLengthGiveTheirRecords)
 {
-    QByteArray three;
-    for (int i = 1; i <= 3; ++i)
-        three += EncodeAppRecord(record(i));
-    const struct {
-        int length;
-        std::size_t records;
-    } cases[] = {{0, 0}, {179, 0}, {180, 1}, {359, 1}, {539, 2}, {3 * 359, 3}};
-    for (const auto& c : cases) {
-        writeBytes(name, three.left(c.length));
+    EXPECT_EQ(AppsFilePath("/data/Quorl"), "/data/Quorl/Apps.cfg");
+    EXPECT_TRUE(ReadAppsFile(name).empty()) << "an absent file is an empty list";
+    const QByteArray three =
+        EncodeAppRecord(record(1)) + EncodeAppRecord(record(2)) + EncodeAppRecord(record(3));
+    const std::pair<int, std::size_t> cases[] = {{0, 0},   {179, 0}, {180, 1},
+                                                 {359, 1}, {539, 2}, {3 * 359, 3}};
+    for (const auto& [length, count] : cases) {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(three.left(length));
+        file.close();
         const std::vector<AppRecord> records = ReadAppsFile(name);
-        ASSERT_EQ(records.size(), c.records) << c.length;
+        ASSERT_EQ(records.size(), count) << length;
         for (std::size_t i = 0; i < records.size(); ++i)
-            EXPECT_EQ(records[i].Title, record(int(i) + 1).Title) << c.length;
-        if (c.length == 539) {
+            EXPECT_EQ(records[i].Title, record(int(i) + 1).Title) << length;
+        if (length == 539) {
             EXPECT_EQ(records[1].Path, record(2).Path.left(180 - 100));
         }
     }
 }
 
-TEST_F(AppsFileTest, AnAbsentFileIsAnEmptyList)
-{
-    EXPECT_TRUE(ReadAppsFile(name).empty());
-}
-
-TEST_F(AppsFileTest, AFileThatCannotBeOpenedIsAnError)
-{
-    ASSERT_TRUE(QDir().mkpath(name));
-    EXPECT_THROW(ReadAppsFile(name), platform::RuntimeError);
-}
-
-TEST_F(AppsFileTest, WrittenRecordsReadBackTheSameAndAreExactBytes)
+TEST_F(AppsFileTest, WrittenRecordsReadBackTheSameAndAnEmptyListLeavesNoFile)
 {
     const std::vector<AppRecord> records{record(1), record(2), record(3)};
     WriteAppsFile(name, records);
     EXPECT_EQ(fileBytes(name), EncodeAppRecord(records[0]) + EncodeAppRecord(records[1]) +
                                    EncodeAppRecord(records[2]));
     EXPECT_EQ(ReadAppsFile(name), records);
-}
-
-TEST_F(AppsFileTest, AnEmptyListLeavesNoFile)
-{
-    WriteAppsFile(name, {record(1)});
-    ASSERT_TRUE(QFile::exists(name));
-    WriteAppsFile(name, {});
-    EXPECT_FALSE(QFile::exists(name));
-    WriteAppsFile(name, {});
-    EXPECT_FALSE(QFile::exists(name));
+    for (int i = 0; i < 2; ++i) {
+        WriteAppsFile(name, {});
+        EXPECT_FALSE(QFile::exists(name));
+    }
 }
 
 TEST_F(AppsFileTest, AWriteThatFailsHalfWayLeavesTheOldFileWhole)
 {
     WriteAppsFile(name, {record(1), record(2)});
     const QByteArray old = fileBytes(name);
-
     struct WriterKilled {
     };
     EXPECT_THROW(ReplaceFile(name,
@@ -108,17 +129,15 @@ TEST_F(AppsFileTest, AWriteThatFailsHalfWayLeavesTheOldFileWhole)
                                  throw WriterKilled{};
                              }),
                  WriterKilled);
-
     EXPECT_EQ(fileBytes(name), old);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden),
-              QStringList{QStringLiteral("Apps.cfg")});
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"Apps.cfg"});
 }
 
-TEST_F(AppsFileTest, AFolderThatCannotBeWrittenIsAnError)
+TEST_F(AppsFileTest, FilesThatCannotBeOpenedAreErrors)
 {
-    const QString missing = dir.path() + QStringLiteral("/missing/Apps.cfg");
+    const QString missing = dir.path() + "/missing/Apps.cfg";
     EXPECT_THROW(WriteAppsFile(missing, {record(1)}), platform::RuntimeError);
     EXPECT_FALSE(QFile::exists(missing));
+    ASSERT_TRUE(QDir().mkpath(name));
+    EXPECT_THROW(ReadAppsFile(name), platform::RuntimeError);
 }
-
-} // namespace

@@ -1,7 +1,6 @@
 #include "character/LoadCharacter.h"
 
 #include "fakes/LoadedProgram.h"
-#include "startup/Wiring.h"
 
 #include <QAction>
 #include <QPushButton>
@@ -9,23 +8,13 @@
 #include <gtest/gtest.h>
 
 using platform::BoxAnswer;
-using platform::BoxIcon;
 
-namespace
-{
-
-const QString Good = QStringLiteral("/chars/good.acs");
-const QString Bad = QStringLiteral("/chars/bad.acs");
-const QString Worse = QStringLiteral("/chars/worse.acs");
-const QString CharacterErrorText =
-    QStringLiteral("Cannot load the specified character. Please check the path and make sure the "
-                   "file you selected is an ACS file.");
+const QString Good = "/chars/good.acs", Bad = "/chars/bad.acs", Worse = "/chars/worse.acs";
 
 struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
-
     LoadCharacterTest()
     {
-        app.AppPath = QStringLiteral("/data/quorl");
+        app.AppPath = "/data/quorl";
         fp.agent->badFiles = {Bad, Worse};
     }
 
@@ -42,14 +31,26 @@ struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
 
     int characterErrorBoxes() const
     {
-        int count = 0;
         for (const auto& box : fp.dialogs.boxes)
-            if (box.title == QStringLiteral("Character Error")) {
-                EXPECT_EQ(box.icon, BoxIcon::Critical);
-                EXPECT_EQ(box.text, CharacterErrorText);
-                ++count;
+            if (box.title == "Character Error") {
+                EXPECT_EQ(box.icon, platform::BoxIcon::Critical);
             }
-        return count;
+        const QStringList texts = fp.dialogs.texts("Character Error");
+        for (const QString& text : texts)
+            EXPECT_EQ(text, "Cannot load the specified character. Please check the path and make "
+                            "sure the file you selected is an ACS file.");
+        return int(texts.size());
+    }
+
+    // The calls whose names start with one of the prefixes, in order.
+    QStringList callsOf(const QStringList& prefixes) const
+    {
+        QStringList found;
+        for (const QString& call : fp.agent->calls)
+            for (const QString& prefix : prefixes)
+                if (call.startsWith(prefix))
+                    found << call;
+        return found;
     }
 };
 
@@ -58,111 +59,70 @@ TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
     EXPECT_FALSE(load(true, Good));
     ASSERT_NE(app.Character, nullptr);
     EXPECT_EQ(app.Character, fp.agent->character());
-    const QStringList expectedStart{QStringLiteral("Load(G,") + Good + QLatin1Char(')'),
-                                    QStringLiteral("MoveTo(0,0)")};
-    EXPECT_EQ(fp.agent->calls.mid(0, 2), expectedStart);
-    EXPECT_FALSE(fp.agent->callsStartingWith(QStringLiteral("Commands.Add(")).isEmpty());
-    const QStringList expectedEnd{QStringLiteral("SoundEffectsOn=1"), QStringLiteral("IdleOn=1"),
-                                  QStringLiteral("Show(0)")};
-    EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3), expectedEnd);
+    EXPECT_EQ(fp.agent->calls.mid(0, 2), QStringList({"Load(G," + Good + ")", "MoveTo(0,0)"}));
+    EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
+    EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
+              QStringList({"SoundEffectsOn=1", "IdleOn=1", "Show(0)"}));
     EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
-    EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Good);
-    EXPECT_EQ(fp.store.value(QStringLiteral("X")), QStringLiteral("0"));
-    EXPECT_EQ(fp.store.value(QStringLiteral("Y")), QStringLiteral("0"));
-    for (const char* name : {"SoundEffects", "IdleAnimations", "Show"})
-        EXPECT_EQ(fp.store.value(QLatin1String(name)), QStringLiteral("1")) << name;
+    const std::pair<QString, QString> stored[] = {
+        {"Character", Good},     {"X", "0"},   {"Y", "0"}, {"SoundEffects", "1"},
+        {"IdleAnimations", "1"}, {"Show", "1"}};
+    for (const auto& [name, value] : stored)
+        EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
     EXPECT_EQ(app.MainForm->sdrPitch->value(), 120);
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=120\\"));
-    EXPECT_EQ(app.VolumeTag, QStringLiteral("\\vol=65535\\"));
+    EXPECT_EQ(app.PitchTag, R"(\pit=120\)");
+    EXPECT_EQ(app.VolumeTag, R"(\vol=65535\)");
     // The show is only queued, so the caption follows the state at the call.
-    EXPECT_EQ(app.MainForm->cmdShow->text(), QStringLiteral("&Show"));
+    EXPECT_EQ(app.MainForm->cmdShow->text(), "&Show");
     EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
 TEST_F(LoadCharacterTest, PositionStaysInsideTheScreen)
 {
-    // 1024 x 768 pixels: the bounds are 896 and 640.
-    struct Case {
+    // 1024 x 768 pixels: the bounds are 896 and 640. Stored values are kept as they were.
+    const std::optional<QString> none;
+    const struct {
         std::optional<QString> x, y;
         QString move;
-        std::optional<QString> storedX, storedY;
+    } cases[] = {
+        {none, none, "MoveTo(0,0)"},       {"896", "640", "MoveTo(896,640)"},
+        {"897", "300", "MoveTo(0,300)"},   {"10", "641", "MoveTo(10,0)"},
+        {"12.5", "13.5", "MoveTo(12,14)"}, {"", "-20", "MoveTo(0,-20)"},
     };
-    const Case cases[] = {
-        {std::nullopt, std::nullopt, QStringLiteral("MoveTo(0,0)"), QStringLiteral("0"),
-         QStringLiteral("0")},
-        {QStringLiteral("896"), QStringLiteral("640"), QStringLiteral("MoveTo(896,640)"),
-         QStringLiteral("896"), QStringLiteral("640")},
-        {QStringLiteral("897"), QStringLiteral("300"), QStringLiteral("MoveTo(0,300)"),
-         QStringLiteral("897"), QStringLiteral("300")},
-        {QStringLiteral("10"), QStringLiteral("641"), QStringLiteral("MoveTo(10,0)"),
-         QStringLiteral("10"), QStringLiteral("641")},
-        {QStringLiteral("12.5"), QStringLiteral("13.5"), QStringLiteral("MoveTo(12,14)"),
-         QStringLiteral("12.5"), QStringLiteral("13.5")},
-        {QString(), QStringLiteral("-20"), QStringLiteral("MoveTo(0,-20)"), QStringLiteral("0"),
-         QStringLiteral("-20")},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.move.toStdString());
-        fakes::FakePlatform fp;
-        App app(fp.platform);
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-        WireProgram(app);
+        fakes::ProgramWindow w;
         if (c.x)
-            fp.store.setValue(QStringLiteral("X"), *c.x);
+            w.fp.store.setValue("X", *c.x);
         if (c.y)
-            fp.store.setValue(QStringLiteral("Y"), *c.y);
+            w.fp.store.setValue("Y", *c.y);
         QString file = Good;
-        LoadCharacter(app, true, file, false);
-        QStringList moves;
-        for (const QString& call : fp.agent->calls)
-            if (call.startsWith(QStringLiteral("MoveTo")))
-                moves << call;
-        EXPECT_EQ(moves, QStringList{c.move});
-        EXPECT_EQ(fp.store.value(QStringLiteral("X")), c.storedX);
-        EXPECT_EQ(fp.store.value(QStringLiteral("Y")), c.storedY);
+        LoadCharacter(w.app, true, file, false);
+        EXPECT_EQ(w.fp.agent->callsStartingWith("MoveTo"), QStringList{c.move});
+        EXPECT_EQ(w.fp.store.value("X"), c.x && !c.x->isEmpty() ? *c.x : "0");
+        EXPECT_EQ(w.fp.store.value("Y"), c.y.value_or("0"));
     }
 }
 
 TEST_F(LoadCharacterTest, CharacterOptions)
 {
-    struct Case {
-        const char* sound;
-        const char* idle;
-        const char* show;
+    const QString loading = "Load(G," + Good + ")";
+    const struct {
+        const char *sound, *idle, *show;
         QStringList tail;
+    } cases[] = {
+        {"0", "1", "1", {"SoundEffectsOn=0", "IdleOn=1", "Show(0)"}},
+        {"1", "0", "0", {loading, "SoundEffectsOn=1", "IdleOn=0"}},
+        {"2", "x", "2", {loading, "SoundEffectsOn=0", "IdleOn=0"}},
     };
-    const Case cases[] = {
-        {"0",
-         "1",
-         "1",
-         {QStringLiteral("SoundEffectsOn=0"), QStringLiteral("IdleOn=1"),
-          QStringLiteral("Show(0)")}},
-        {"1",
-         "0",
-         "0",
-         {QStringLiteral("Load(G,") + Good + QLatin1Char(')'), QStringLiteral("SoundEffectsOn=1"),
-          QStringLiteral("IdleOn=0")}},
-        {"2",
-         "x",
-         "2",
-         {QStringLiteral("Load(G,") + Good + QLatin1Char(')'), QStringLiteral("SoundEffectsOn=0"),
-          QStringLiteral("IdleOn=0")}},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.show);
         fp.agent->calls.clear();
-        fp.store.setValue(QStringLiteral("SoundEffects"), QLatin1String(c.sound));
-        fp.store.setValue(QStringLiteral("IdleAnimations"), QLatin1String(c.idle));
-        fp.store.setValue(QStringLiteral("Show"), QLatin1String(c.show));
+        fp.store.setValue("SoundEffects", c.sound);
+        fp.store.setValue("IdleAnimations", c.idle);
+        fp.store.setValue("Show", c.show);
         load(true, Good);
-        QStringList options;
-        for (const QString& call : fp.agent->calls)
-            if (call.startsWith(QStringLiteral("Load")) ||
-                call.startsWith(QStringLiteral("SoundEffectsOn")) ||
-                call.startsWith(QStringLiteral("IdleOn")) ||
-                call.startsWith(QStringLiteral("Show")))
-                options << call;
+        const QStringList options = callsOf({"Load", "SoundEffectsOn", "IdleOn", "Show"});
         EXPECT_EQ(options.mid(options.size() - 3), c.tail);
     }
 }
@@ -185,41 +145,32 @@ TEST_F(LoadCharacterTest, BadFileAtStartUpAsksUntilAFileLoads)
     EXPECT_EQ(characterErrorBoxes(), 2);
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 2u);
     const auto& request = fp.dialogs.fileRequests[0];
-    EXPECT_EQ(request.filter, QStringLiteral("Agent Character (*.acs) |*.acs"));
-    EXPECT_EQ(request.title, QStringLiteral("Open Character.."));
-    EXPECT_EQ(request.initialDir, QStringLiteral("/data/quorl"));
-    EXPECT_EQ(fp.agent->callsStartingWith(QStringLiteral("Load(")),
-              (QStringList{QStringLiteral("Load(G,") + Bad + QLatin1Char(')'),
-                           QStringLiteral("Load(G,") + Worse + QLatin1Char(')'),
-                           QStringLiteral("Load(G,") + Good + QLatin1Char(')')}));
-    EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Good);
+    EXPECT_EQ(request.filter, "Agent Character (*.acs) |*.acs");
+    EXPECT_EQ(request.title, "Open Character..");
+    EXPECT_EQ(request.initialDir, "/data/quorl");
+    EXPECT_EQ(
+        fp.agent->callsStartingWith("Load("),
+        QStringList({"Load(G," + Bad + ")", "Load(G," + Worse + ")", "Load(G," + Good + ")"}));
+    EXPECT_EQ(fp.store.value("Character"), Good);
     EXPECT_NE(app.Character, nullptr);
 }
 
 TEST_F(LoadCharacterTest, RefusalAtStartUpEndsTheProgram)
 {
-    struct Case {
-        const char* name;
-        std::deque<BoxAnswer> answers;
-        size_t dialogs;
-    };
-    for (const Case& c : {Case{"Cancel in the box", {BoxAnswer::Cancel}, 0},
-                          Case{"cancelled dialog", {BoxAnswer::OK}, 1}}) {
-        SCOPED_TRACE(c.name);
-        fakes::FakePlatform fp;
-        App app(fp.platform);
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-        fp.agent->badFiles = {Bad};
-        fp.dialogs.answers = c.answers;
+    const std::pair<BoxAnswer, size_t> cases[] = {{BoxAnswer::Cancel, 0}, {BoxAnswer::OK, 1}};
+    for (const auto& [answer, dialogs] : cases) {
+        SCOPED_TRACE(dialogs ? "cancelled dialog" : "Cancel in the box");
+        fakes::ProgramWindow w;
+        w.fp.agent->badFiles = {Bad};
+        w.fp.dialogs.answers = {answer};
         QString file = Bad;
-        EXPECT_THROW(LoadCharacter(app, true, file, false), fakes::ProgramEnded);
-        EXPECT_EQ(fp.dialogs.fileRequests.size(), c.dialogs);
-        EXPECT_EQ(fp.store.value(QStringLiteral("Character")), std::nullopt);
+        EXPECT_THROW(LoadCharacter(w.app, true, file, false), fakes::ProgramEnded);
+        EXPECT_EQ(w.fp.dialogs.fileRequests.size(), dialogs);
+        EXPECT_EQ(w.fp.store.value("Character"), std::nullopt);
     }
 }
 
-TEST_F(LoadCharacterTest, CancelOnReloadOnlyLeavesTheRoutine)
+TEST_F(LoadCharacterTest, OnReloadCancelLeavesTheRoutineAndACancelledDialogComesAgain)
 {
     load(true, Good);
     fp.agent->character()->visible = true;
@@ -228,18 +179,13 @@ TEST_F(LoadCharacterTest, CancelOnReloadOnlyLeavesTheRoutine)
     EXPECT_FALSE(load(false, Bad));
     EXPECT_EQ(characterErrorBoxes(), 1);
     EXPECT_TRUE(fp.dialogs.fileRequests.empty());
-    EXPECT_EQ(fp.agent->calls, (QStringList{QStringLiteral("Hide()"), QStringLiteral("Unload(G)"),
-                                            QStringLiteral("Load(G,") + Bad + QLatin1Char(')')}));
+    EXPECT_EQ(fp.agent->calls, QStringList({"Hide()", "Unload(G)", "Load(G," + Bad + ")"}));
     EXPECT_EQ(app.Character, nullptr);
-    EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Good);
-}
+    EXPECT_EQ(fp.store.value("Character"), Good);
 
-TEST_F(LoadCharacterTest, CancelledDialogOnReloadBringsTheDialogAgain)
-{
-    load(true, Good);
     fp.dialogs.files = {QString(), Good};
     EXPECT_FALSE(load(false, Bad));
-    EXPECT_EQ(characterErrorBoxes(), 1) << "an empty path brings no box";
+    EXPECT_EQ(characterErrorBoxes(), 2) << "an empty path brings no box";
     EXPECT_EQ(fp.dialogs.fileRequests.size(), 2u);
     EXPECT_NE(app.Character, nullptr);
 }
@@ -250,13 +196,11 @@ TEST_F(LoadCharacterTest, ReloadOfTheSameCharacterNeitherHidesNorMoves)
     fp.agent->character()->visible = true;
     fp.agent->calls.clear();
     EXPECT_FALSE(load(false, Good, true));
-    for (const char* call : {"Hide", "Unload", "Load", "MoveTo"})
-        EXPECT_TRUE(fp.agent->callsStartingWith(QLatin1String(call)).isEmpty()) << call;
-    EXPECT_FALSE(fp.agent->callsStartingWith(QStringLiteral("Commands.Add(")).isEmpty());
+    EXPECT_TRUE(callsOf({"Hide", "Unload", "Load", "MoveTo"}).isEmpty());
+    EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
     EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
-              (QStringList{QStringLiteral("SoundEffectsOn=1"), QStringLiteral("IdleOn=1"),
-                           QStringLiteral("Show(0)")}));
-    EXPECT_EQ(app.MainForm->cmdShow->text(), QStringLiteral("&Hide"));
+              QStringList({"SoundEffectsOn=1", "IdleOn=1", "Show(0)"}));
+    EXPECT_EQ(app.MainForm->cmdShow->text(), "&Hide");
 }
 
 TEST_F(LoadCharacterTest, CharacterInUseWarnsAndLoadingGoesOn)
@@ -264,13 +208,10 @@ TEST_F(LoadCharacterTest, CharacterInUseWarnsAndLoadingGoesOn)
     fp.agent->loadWithOtherClients = true;
     EXPECT_FALSE(load(true, Good));
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Warning);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Character is in use"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text,
-              QStringLiteral("This Character is in use by another application. If you get any "
-                             "errors, please close the other application."));
-    EXPECT_EQ(fp.agent->callsStartingWith(QStringLiteral("MoveTo")).size(), 1);
-    EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Good);
+    EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "Character is in use");
+    EXPECT_EQ(fp.dialogs.boxes[0].text, "This Character is in use by another application. If you "
+                                        "get any errors, please close the other application.");
+    EXPECT_EQ(fp.agent->callsStartingWith("MoveTo").size(), 1);
+    EXPECT_EQ(fp.store.value("Character"), Good);
 }
-
-} // namespace

@@ -1,19 +1,16 @@
 #include "character/VoicePanel.h"
 
 #include "character/ApplyVoiceDefaults.h"
-#include "character/CharacterFixture.h"
+#include "fakes/CharacterFixture.h"
 
 #include <QAction>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QSlider>
-#include <algorithm>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 struct VoicePanelTest : CharacterFixture, ::testing::Test {
+    QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
 };
 
 TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceAndTheTopVolume)
@@ -27,9 +24,16 @@ TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceAndTheTopVolume)
     EXPECT_EQ(form().sdrPitch->value(), 95);
     EXPECT_EQ(form().sdrSpeed->value(), 170);
     EXPECT_EQ(form().sdrVolume->value(), 65535);
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=95\\"));
-    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=170\\"));
-    EXPECT_EQ(app.VolumeTag, QStringLiteral("\\vol=65535\\"));
+    EXPECT_EQ(tags(), R"(\pit=95\\spd=170\\vol=65535\)");
+
+    // Without a character only the volume is set.
+    app.Character = nullptr;
+    form().sdrPitch->setValue(300);
+    form().sdrVolume->setValue(10);
+    EXPECT_NO_THROW(ApplyVoiceDefaults(app));
+    EXPECT_EQ(form().sdrPitch->value(), 300);
+    EXPECT_EQ(tags(), R"(\pit=300\\spd=170\\vol=65535\)");
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
 TEST_F(VoicePanelTest, ACharactersVoiceBeyondTheSlidersStaysInTheTags)
@@ -43,47 +47,27 @@ TEST_F(VoicePanelTest, ACharactersVoiceBeyondTheSlidersStaysInTheTags)
     EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=300\\"));
 }
 
-TEST_F(VoicePanelTest, DefaultsPassOverAMissingCharacter)
-{
-    app.Character = nullptr;
-    form().sdrPitch->setValue(300);
-    form().sdrVolume->setValue(10);
-    EXPECT_NO_THROW(ApplyVoiceDefaults(app));
-    EXPECT_EQ(form().sdrPitch->value(), 300);
-    EXPECT_EQ(form().sdrVolume->value(), 65535);
-    EXPECT_EQ(app.VolumeTag, QStringLiteral("\\vol=65535\\"));
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
-
 TEST_F(VoicePanelTest, SlidersRebuildTheirOwnTagOnly)
 {
     form().sdrPitch->setValue(250);
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=250\\"));
-    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=150\\"));
+    EXPECT_EQ(tags(), R"(\pit=250\\spd=150\\vol=900\)");
     form().sdrSpeed->setValue(51);
-    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=51\\"));
+    EXPECT_EQ(tags(), R"(\pit=250\\spd=51\\vol=900\)");
     form().sdrVolume->setValue(2);
-    EXPECT_EQ(app.VolumeTag, QStringLiteral("\\vol=2\\"));
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=250\\"));
+    EXPECT_EQ(tags(), R"(\pit=250\\spd=51\\vol=2\)");
 }
 
 TEST_F(VoicePanelTest, ViewMenuFlipsThePanelAndTheWidth)
 {
     form().show();
     form().mnuViewVoice->setChecked(true);
-    mnuViewVoice_Click(app);
-    EXPECT_FALSE(form().mnuViewVoice->isChecked());
-    EXPECT_EQ(form().WidthTwips(), 4800);
-    for (QWidget* w :
-         {static_cast<QWidget*>(form().Frame1), static_cast<QWidget*>(form().sdrPitch),
-          static_cast<QWidget*>(form().sdrSpeed), static_cast<QWidget*>(form().sdrVolume),
-          static_cast<QWidget*>(form().cmdDefaults)})
-        EXPECT_TRUE(w->isHidden());
-    mnuViewVoice_Click(app);
-    EXPECT_TRUE(form().mnuViewVoice->isChecked());
-    EXPECT_EQ(form().WidthTwips(), 8310);
-    EXPECT_FALSE(form().Frame1->isHidden());
-    EXPECT_FALSE(form().cmdDefaults->isHidden());
+    const QList<QWidget*> panel{form().Frame1, form().sdrPitch, form().sdrSpeed, form().sdrVolume,
+                                form().cmdDefaults};
+    for (const bool shown : {false, true}) {
+        mnuViewVoice_Click(app);
+        EXPECT_EQ(form().mnuViewVoice->isChecked(), shown);
+        EXPECT_EQ(form().WidthTwips(), shown ? 8310 : 4800);
+        for (QWidget* w : panel)
+            EXPECT_EQ(w->isHidden(), !shown) << w->objectName().toStdString();
+    }
 }
-
-} // namespace

@@ -1,35 +1,24 @@
 #include "clock/SayDate.h"
 #include "clock/SayTime.h"
-#include "commands/CharacterFixture.h"
 #include "commands/VoiceCommands.h"
 #include "commands/frmShut.h"
 #include "core/Controls.h"
+#include "fakes/CharacterFixture.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QPlainTextEdit>
-
-namespace
-{
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
 
 using fakes::ProgramEnded;
+using PowerCalls = std::vector<std::pair<unsigned, unsigned>>;
 
-const platform::RuntimeError Refused(1234, QStringLiteral("Agent.Control.1"),
-                                     QStringLiteral("refused"));
+const platform::RuntimeError Refused(1234, "Agent.Control.1", "refused");
 
-struct Confirmation {
-    QString name, label, tag, question;
-};
-
-const Confirmation Confirmations[] = {
-    {"Shut", "Shut Down", "1", "Are you sure you want to shut down?"},
-    {"Restart", "Restart", "2", "Are you sure you want to restart?"},
-    {"CloseQuorl", "Close Quorl", "10", "Are you sure you want to close Quorl?"},
-};
-
-class CommandDispatchTest : public CharacterFixture
-{
-protected:
+// The dispatch of the character's commands, and the confirmation window of the weighty ones.
+struct CommandDispatchTest : CharacterFixture, ::testing::Test {
     CommandDispatchTest()
     {
         SetVoiceCommands(app);
@@ -39,25 +28,18 @@ protected:
     }
 
     void command(const QString& name) { fp.agent->raiseCommand(name); }
-
-    QString lastSpoken() const
-    {
-        const QStringList spoken = fp.agent->spoken();
-        return spoken.isEmpty() ? QString() : spoken.last();
-    }
-
+    QString lastSpoken() const { return fp.agent->spoken().value(fp.agent->spoken().size() - 1); }
     bool entryEnabled(const QString& name)
     {
         return character().Commands().Command(name).Enabled();
     }
 
-    // Three applications, the third with blanks around its caption's record and its path.
+    // Three applications, the third with blanks around its path and a changed caption.
     void loadThreeApplications()
     {
         for (int i = 1; i <= 3; ++i)
-            character().Commands().Add(QStringLiteral(" %1").arg(i),
-                                       QStringLiteral("App %1").arg(i),
-                                       QStringLiteral("App %1").arg(i), true, true);
+            character().Commands().Add(QString(" %1").arg(i), QString("App %1").arg(i),
+                                       QString("App %1").arg(i), true, true);
         character().Commands().Command(" 3").setCaption("Editor");
         app.AppPaths = {QString(), "/bin/one", "/bin/two", "  /usr/bin/editor --new \"a b\"  "};
         fp.agent->calls.clear();
@@ -76,13 +58,9 @@ TEST_F(CommandDispatchTest, APopupPickAndAPhraseTakeTheOneRoutine)
         EXPECT_FALSE(direct.isEmpty());
         fp.agent->calls.clear();
     }
-}
-
-TEST_F(CommandDispatchTest, YesAndNoWithNothingPendingDoNothing)
-{
     for (const QString name : {"Yes", "No"}) {
         command(name);
-        EXPECT_TRUE(fp.agent->calls.isEmpty()) << name.toStdString();
+        EXPECT_TRUE(fp.agent->calls.isEmpty()) << "nothing pending: " << name.toStdString();
         EXPECT_TRUE(fp.power.calls.empty());
         EXPECT_EQ(fp.process.ends, 0);
         EXPECT_FALSE(app.ShutForm);
@@ -91,16 +69,23 @@ TEST_F(CommandDispatchTest, YesAndNoWithNothingPendingDoNothing)
 
 TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
 {
-    for (const Confirmation& c : Confirmations) {
+    character().name = "Lumo";
+    const struct {
+        QString name, label, tag, question;
+    } cases[] = {
+        {"Shut", "Shut Down", "1", "Are you sure you want to shut down?"},
+        {"Restart", "Restart", "2", "Are you sure you want to restart?"},
+        {"CloseQuorl", "Close Quorl", "10", "Are you sure you want to close Quorl?"},
+    };
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name.toStdString());
         command(c.name);
-
         EXPECT_TRUE(app.ConfirmPending);
         ASSERT_TRUE(app.ShutForm);
-        EXPECT_EQ(ShutForm(app)->Label1->text(), c.label);
-        EXPECT_EQ(Tag(ShutForm(app)), c.tag);
-        EXPECT_TRUE(ShutForm(app)->isVisible());
-        EXPECT_EQ(ShutForm(app)->windowTitle(), QStringLiteral("Shut Down Windows"));
+        frmShut& form = *ShutForm(app);
+        EXPECT_EQ(form.Label1->text(), c.label);
+        EXPECT_EQ(Tag(&form), c.tag);
+        EXPECT_TRUE(form.isVisible());
         EXPECT_TRUE(lastSpoken().contains(c.question));
         // The question is queued first, then No and Yes can be said; never picked.
         const QStringList tail = fp.agent->calls.mid(fp.agent->calls.size() - 3);
@@ -108,10 +93,65 @@ TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
         EXPECT_EQ(tail.mid(1), QStringList({"Command(No).Enabled=1", "Command(Yes).Enabled=1"}));
         EXPECT_FALSE(character().Commands().Command("Yes").Visible());
         EXPECT_FALSE(character().Commands().Command("No").Visible());
-
+        // The window looks the same for every use.
+        EXPECT_EQ(form.windowTitle(), "Shut Down Windows");
+        EXPECT_EQ(form.Label1->font().family(), "Times New Roman");
+        EXPECT_TRUE(form.Label1->font().bold());
+        EXPECT_EQ(form.Label1->font().pointSize(), 18);
+        EXPECT_EQ(form.Label1->palette().color(QPalette::WindowText), QColor(Qt::red));
+        EXPECT_EQ(form.Label1->alignment(), Qt::AlignCenter);
+        EXPECT_EQ(form.Label2->alignment(), Qt::AlignCenter);
+        EXPECT_EQ(form.Label2->text(), "You can say 'Yes' or 'No' and Lumo will understand.");
+        EXPECT_EQ(form.cmdNo->text(), "&NO");
+        EXPECT_EQ(form.cmdYes->text(), "&YES");
+        EXPECT_EQ(form.cmdNo->nextInFocusChain(), form.cmdYes);
+        EXPECT_FALSE(form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
         command("No");
         fp.agent->calls.clear();
     }
+}
+
+TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBack)
+{
+    const struct {
+        bool mainVisible, topMost, byKey;
+    } cases[] = {
+        {true, false, false}, {false, false, true}, {true, true, false}, {false, true, true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "visible " << c.mainVisible << " top " << c.topMost);
+        app.MainForm->setVisible(c.mainVisible);
+        app.MainForm->mnuViewTop->setChecked(c.topMost);
+        app.OnTop = c.topMost;
+        command("Shut");
+        EXPECT_EQ(ShutForm(app)->WasVisible, c.mainVisible);
+        EXPECT_FALSE(app.MainForm->isVisible());
+        EXPECT_FALSE(app.OnTop);
+        EXPECT_EQ(app.ModalOpen, 1);
+        EXPECT_FALSE(character().Commands().Visible());
+        fp.agent->calls.clear();
+
+        // No is said, or Escape pressed in the window.
+        if (c.byKey)
+            QTest::keyClick(ShutForm(app), Qt::Key_Escape);
+        else
+            command("No");
+        EXPECT_TRUE(lastSpoken().contains("That was close!"));
+        EXPECT_EQ(app.MainForm->txtText->toPlainText(), QString());
+        EXPECT_FALSE(app.ConfirmPending);
+        EXPECT_FALSE(app.ShutForm);
+        EXPECT_TRUE(character().Commands().Visible());
+        EXPECT_FALSE(entryEnabled("Yes"));
+        EXPECT_FALSE(entryEnabled("No"));
+        EXPECT_EQ(app.ModalOpen, 0);
+        EXPECT_EQ(app.OnTop, c.topMost);
+        // Putting the window back on top also shows it, hidden or not.
+        EXPECT_EQ(app.MainForm->isVisible(), c.mainVisible || c.topMost);
+        EXPECT_TRUE(fp.power.calls.empty());
+        EXPECT_EQ(fp.process.ends, 0);
+    }
+    fp.agent->calls.clear();
+    command("No");
+    EXPECT_TRUE(fp.agent->calls.isEmpty());
 }
 
 TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
@@ -119,22 +159,21 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
     command("Shut");
     ASSERT_TRUE(app.ShutForm);
     const frmShut* first = ShutForm(app);
-    EXPECT_TRUE(ShutForm(app)->WasVisible);
+    EXPECT_TRUE(first->WasVisible);
     EXPECT_FALSE(app.MainForm->isVisible());
 
     command("Restart");
-
     EXPECT_EQ(ShutForm(app), first);
-    EXPECT_EQ(ShutForm(app)->Label1->text(), QStringLiteral("Restart"));
-    EXPECT_EQ(Tag(ShutForm(app)), QStringLiteral("2"));
+    EXPECT_EQ(first->Label1->text(), "Restart");
+    EXPECT_EQ(Tag(ShutForm(app)), "2");
     EXPECT_TRUE(lastSpoken().contains("Are you sure you want to restart?"));
     // A second Form_Load would have seen the main window hidden.
-    EXPECT_TRUE(ShutForm(app)->WasVisible);
+    EXPECT_TRUE(first->WasVisible);
     EXPECT_EQ(fp.agent->callsStartingWith("Commands.Visible=0").size(), 1);
 
     fp.power.onCall = [&] { EXPECT_EQ(fp.process.ends, 0); };
     EXPECT_THROW(command("Yes"), ProgramEnded);
-    EXPECT_EQ(fp.power.calls, (std::vector<std::pair<unsigned, unsigned>>{{2, 0}}));
+    EXPECT_EQ(fp.power.calls, (PowerCalls{{2, 0}}));
 }
 
 TEST_F(CommandDispatchTest, ASpokenYesToShutDownOrRestartSavesAsksThePlatformAndEnds)
@@ -152,7 +191,7 @@ TEST_F(CommandDispatchTest, ASpokenYesToShutDownOrRestartSavesAsksThePlatformAnd
             fp.power.onCall = [&] { writesAtPowerOff = fp.store.writes; };
             EXPECT_THROW(command("Yes"), ProgramEnded);
 
-            EXPECT_EQ(fp.power.calls, (std::vector<std::pair<unsigned, unsigned>>{{code, 0}}));
+            EXPECT_EQ(fp.power.calls, (PowerCalls{{code, 0}}));
             EXPECT_EQ(fp.process.ends, 1);
             EXPECT_EQ(writesAtPowerOff.contains("WinX"), save);
             EXPECT_EQ(fp.store.writes, writesAtPowerOff);
@@ -172,9 +211,7 @@ TEST_F(CommandDispatchTest, ASpokenYesToCloseTakesTheOrderlyExit)
     app.MainForm->mnuFileSave->setChecked(false);
     command("CloseQuorl");
     fp.agent->calls.clear();
-
     EXPECT_THROW(command("Yes"), ProgramEnded);
-
     EXPECT_TRUE(fp.power.calls.empty());
     EXPECT_FALSE(app.ShutForm);
     EXPECT_EQ(fp.agent->calls, QStringList({"Command(No).Enabled=0", "Command(Yes).Enabled=0"}));
@@ -182,33 +219,29 @@ TEST_F(CommandDispatchTest, ASpokenYesToCloseTakesTheOrderlyExit)
     EXPECT_EQ(app.ModalOpen, 0);
 }
 
-TEST_F(CommandDispatchTest, ASpokenNoRestoresEverything)
+TEST_F(CommandDispatchTest, TheYesButtonAsksThePlatformFirstAndThenClosesTheProgram)
 {
-    app.MainForm->mnuViewTop->setChecked(true);
-    app.OnTop = true;
-    command("Shut");
-    EXPECT_FALSE(app.OnTop);
-    EXPECT_EQ(app.ModalOpen, 1);
-    fp.agent->calls.clear();
-
-    command("No");
-
-    EXPECT_TRUE(lastSpoken().contains("That was close!"));
-    EXPECT_EQ(app.MainForm->txtText->toPlainText(), QString());
-    EXPECT_FALSE(app.ConfirmPending);
-    EXPECT_FALSE(app.ShutForm);
-    EXPECT_TRUE(character().Commands().Visible());
-    EXPECT_FALSE(entryEnabled("Yes"));
-    EXPECT_FALSE(entryEnabled("No"));
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(app.OnTop);
-    EXPECT_TRUE(app.MainForm->isVisible());
-    EXPECT_TRUE(fp.power.calls.empty());
-    EXPECT_EQ(fp.process.ends, 0);
-
-    fp.agent->calls.clear();
-    command("No");
-    EXPECT_TRUE(fp.agent->calls.isEmpty());
+    const std::pair<QString, PowerCalls> cases[] = {
+        {"Shut", {{1, 0}}}, {"Restart", {{2, 0}}}, {"CloseQuorl", {}}};
+    for (const auto& [name, power] : cases) {
+        SCOPED_TRACE(name.toStdString());
+        fp.power.calls.clear();
+        fp.store.writes.clear();
+        app.MainForm->mnuFileSave->setChecked(false);
+        command(name);
+        fp.power.onCall = [&] {
+            EXPECT_TRUE(app.ShutForm);
+            EXPECT_TRUE(fp.store.writes.isEmpty());
+        };
+        EXPECT_THROW(ShutForm(app)->cmdYes->click(), ProgramEnded);
+        EXPECT_EQ(fp.power.calls, power);
+        EXPECT_FALSE(app.ShutForm);
+        EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
+        // The answer by button leaves the pending flag, which no longer matters.
+        EXPECT_TRUE(app.ConfirmPending);
+        fp.power.onCall = nullptr;
+        app.MainForm->show();
+    }
 }
 
 TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaption)
@@ -216,56 +249,40 @@ TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaption)
     loadThreeApplications();
     command(" 3");
     ASSERT_EQ(fp.agent->spoken().size(), 1);
-    EXPECT_TRUE(lastSpoken().endsWith("Running Editor.") ||
-                lastSpoken().contains("\"Running Editor.\""));
+    EXPECT_TRUE(lastSpoken().endsWith("Running Editor."));
     EXPECT_EQ(fp.shell.started, QStringList{"/usr/bin/editor --new \"a b\""});
     EXPECT_EQ(app.MainForm->txtText->toPlainText(), QString());
-}
 
-TEST_F(CommandDispatchTest, NamesThatAreNoLoadedApplicationDoNothing)
-{
-    loadThreeApplications();
+    fp.agent->calls.clear();
     for (const QString name : {" 4", " 0", " ", "Bogus", "clip", ""}) {
         command(name);
         EXPECT_TRUE(fp.agent->calls.isEmpty()) << name.toStdString();
-        EXPECT_TRUE(fp.shell.started.isEmpty()) << name.toStdString();
     }
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
-
-TEST_F(CommandDispatchTest, WithAnEmptyTableNoApplicationRuns)
-{
-    character().Commands().Add(" 1", "Editor", "Editor", true, true);
-    fp.agent->calls.clear();
+    app.AppPaths = {QString()};
     command(" 1");
-    EXPECT_TRUE(fp.agent->calls.isEmpty());
-    EXPECT_TRUE(fp.shell.started.isEmpty());
+    EXPECT_TRUE(fp.agent->calls.isEmpty()) << "an empty table runs nothing";
+    EXPECT_EQ(fp.shell.started.size(), 1);
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
 TEST_F(CommandDispatchTest, AnApplicationThatCannotStartIsToldInSpeechAndTheTextBox)
 {
     loadThreeApplications();
     fp.shell.failing["/usr/bin/editor --new \"a b\""] = "the program was not found";
-
     command(" 3");
-
     const QString sentence =
         "I am unable to run your application because the program was not found.";
     const QStringList spoken = fp.agent->spoken();
     ASSERT_EQ(spoken.size(), 2);
-    EXPECT_TRUE(spoken[0].contains("Running Editor."));
-    EXPECT_TRUE(spoken[1].contains(sentence));
+    EXPECT_TRUE(spoken[0].endsWith("Running Editor."));
+    EXPECT_TRUE(spoken[1].endsWith(sentence));
     EXPECT_EQ(app.MainForm->txtText->toPlainText(), sentence);
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
     EXPECT_EQ(app.AppPaths.size(), 4u);
-}
 
-TEST_F(CommandDispatchTest, AnApplicationWithoutItsCommandTakesTheLaunchFailurePath)
-{
-    loadThreeApplications();
+    // An entry that cannot be found takes the same path.
     fp.agent->failCalls("Commands.Command( 2", Refused);
     command(" 2");
-    EXPECT_TRUE(lastSpoken().contains("I am unable to run your application because refused."));
+    EXPECT_TRUE(lastSpoken().endsWith("I am unable to run your application because refused."));
     EXPECT_TRUE(fp.shell.started.isEmpty());
     EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
@@ -283,11 +300,7 @@ TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSix)
 
 TEST_F(CommandDispatchTest, AMicrophoneHeldByAnotherProgramShowsTheSoundSystemBox)
 {
-    fp.agent->raiseError(
-        platform::RuntimeError(platform::errors::SoundSystemBusy, platform::AgentSource, "in use"));
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Speech Input Error"));
+    fp.agent->raiseError({platform::errors::SoundSystemBusy, platform::AgentSource, "in use"});
+    EXPECT_EQ(fp.dialogs.titles(), QStringList{"Speech Input Error"});
     EXPECT_EQ(fp.process.ends, 0);
 }
-
-} // namespace

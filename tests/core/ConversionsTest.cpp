@@ -1,26 +1,92 @@
 #include "core/Conversions.h"
 
+#include "core/Cp1252.h"
+#include "core/Utf8Validator.h"
+
 #include <gtest/gtest.h>
 
 using namespace Conversions;
 
 TEST(ConversionsTest, ValTakesTheLeadingNumber)
 {
-    EXPECT_EQ(Val(QStringLiteral("42")), 42);
-    EXPECT_EQ(Val(QStringLiteral("42.5")), 42.5);
-    EXPECT_EQ(Val(QStringLiteral("  -3abc")), -3);
-    EXPECT_EQ(Val(QStringLiteral("1 2")), 1);
-    EXPECT_EQ(Val(QString()), 0);
-    EXPECT_EQ(Val(QStringLiteral("abc")), 0);
-    EXPECT_EQ(Val(QStringLiteral("-")), 0);
-    EXPECT_EQ(Val(QStringLiteral("True")), 0);
+    const std::pair<QString, double> cases[] = {{"42", 42}, {"42.5", 42.5}, {"  -3abc", -3},
+                                                {"1 2", 1}, {"", 0},        {"abc", 0},
+                                                {"-", 0},   {"True", 0}};
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(Val(text), value) << text.toStdString();
+    EXPECT_EQ(SingleText(3.1f), "3.1");
+    EXPECT_EQ(SingleText(11.0f), "11");
+    EXPECT_EQ(SingleText(10.2f), "10.2");
+    EXPECT_EQ(NumberText(3), " 3");
+    EXPECT_EQ(NumberText(-3), "-3");
 }
 
-TEST(ConversionsTest, SingleTextIsTheShortestForm)
+TEST(Cp1252Test, EncodesEachCharacterAsOneByte)
 {
-    EXPECT_EQ(SingleText(3.1f), QStringLiteral("3.1"));
-    EXPECT_EQ(SingleText(11.0f), QStringLiteral("11"));
-    EXPECT_EQ(SingleText(10.2f), QStringLiteral("10.2"));
-    EXPECT_EQ(NumberText(3), QStringLiteral(" 3"));
-    EXPECT_EQ(NumberText(-3), QStringLiteral("-3"));
+    const std::pair<QString, QByteArray> cases[] = {
+        {"Plain ASCII", "Plain ASCII"},
+        {u"Caf\u00e9 \u00ff"_qs, "Caf\xe9 \xff"},
+        {u"\u20ac \u2013 \u201cq\u201d \u0178"_qs, "\x80 \x96 \x93q\x94 \x9f"},
+        {u"\u0161\u017e\u2122"_qs, "\x9a\x9e\x99"},
+        // Characters outside the code page, one "?" each, also beyond the 16-bit range.
+        {u"\u65e5\u672c"_qs, "??"},
+        {QString::fromUcs4(U"a\U0001F600b"), "a?b"},
+        {u"\u0100"_qs, "?"},
+    };
+    for (const auto& [text, bytes] : cases)
+        EXPECT_EQ(Cp1252::Encode(text), bytes) << text.toStdString();
+
+    QByteArray all;
+    for (int b = 0; b < 256; ++b)
+        all.append(char(b));
+    const QString text = Cp1252::Decode(all);
+    EXPECT_EQ(text.size(), 256);
+    EXPECT_EQ(text[0x80], QChar(0x20AC));
+    EXPECT_EQ(text[0x9F], QChar(0x0178));
+    EXPECT_EQ(Cp1252::Encode(text), all);
+}
+
+TEST(Cp1252Test, FixedFields)
+{
+    EXPECT_EQ(Cp1252::FixedField("ab", 5), "ab   ");
+    EXPECT_EQ(Cp1252::FixedField("abcdefg", 5), "abcde");
+    EXPECT_EQ(Cp1252::FixedField(QString(), 3), "   ");
+    // Width is in bytes of the code page, not in UTF-16 units.
+    EXPECT_EQ(Cp1252::FixedField(QString::fromUcs4(U"\U0001F600\u00e9x"), 2), "?\xe9");
+    // Reading a field removes only the blanks outside.
+    EXPECT_EQ(Cp1252::ReadField("  a b  "), "a b");
+    EXPECT_EQ(Cp1252::ReadField("    "), QString());
+    EXPECT_EQ(Cp1252::ReadField("\ta\t "), "\ta\t");
+    EXPECT_EQ(Cp1252::ReadField(" \x80 "), u"\u20ac"_qs);
+}
+
+// Files are checked block by block, so a sequence may be split anywhere.
+TEST(Utf8ValidatorTest, WholeInputAndSplitAtEveryPosition)
+{
+    const std::pair<QByteArray, bool> cases[] = {
+        {"", true},
+        {"plain text\r\n", true},
+        {"caf\xC3\xA9", true},
+        {"\xE2\x80\x9Cq\xE2\x80\x9D \xE2\x82\xAC", true},
+        {"\xF0\x9F\x98\x80", true},
+        {"\xF4\x8F\xBF\xBF", true},         // the highest code point
+        {"caf\xE9", false},                 // a lone Windows-1252 byte
+        {QByteArray("a\x80") + "b", false}, // a stray continuation
+        {"\xC0\xAF", false},                // overlong forms
+        {"\xE0\x80\xAF", false},
+        {"\xF0\x80\x80\xAF", false},
+        {"\xED\xA0\x80", false},           // a surrogate
+        {"\xF4\x90\x80\x80", false},       // above U+10FFFF
+        {"\xF8\x88\x80\x80\x80", false},   // an invalid lead
+        {"ok\xE2\x82", false},             // cut off at the end
+        {QByteArray("\xC3") + "A", false}, // a lead followed by ASCII
+    };
+    for (const auto& [bytes, valid] : cases) {
+        for (qsizetype cut = 0; cut <= bytes.size(); ++cut) {
+            Utf8Validator validator;
+            validator.feed(bytes.constData(), std::size_t(cut));
+            validator.feed(bytes.constData() + cut, std::size_t(bytes.size() - cut));
+            EXPECT_EQ(validator.valid(), valid) << bytes.toHex().constData() << " cut at " << cut;
+        }
+    }
 }

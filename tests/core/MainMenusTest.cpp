@@ -15,9 +15,6 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 struct MainMenusTest : ::testing::Test, fakes::ProgramWindow {
 };
 
@@ -27,8 +24,8 @@ TEST_F(MainMenusTest, WebPagesAndThePropertySheet)
     app.MainForm->mnuFileDownload->trigger();
     app.MainForm->mnuAboutSite->trigger();
     EXPECT_EQ(fp.shell.urls, (QStringList{InstallAgentPageUrl, CharactersPageUrl, HomePageUrl}));
-    EXPECT_TRUE(fp.shell.urls[0].endsWith(QStringLiteral("/quorl/installagent.html")));
-    EXPECT_TRUE(fp.shell.urls[1].endsWith(QStringLiteral("/quorl/characters.html")));
+    EXPECT_TRUE(fp.shell.urls[0].endsWith("/quorl/installagent.html"));
+    EXPECT_TRUE(fp.shell.urls[1].endsWith("/quorl/characters.html"));
     app.MainForm->mnuFileAgent->trigger();
     EXPECT_TRUE(fp.agent->propertySheetVisible);
 }
@@ -115,4 +112,3 @@ TEST_F(MainMenusTest, EnterSaysTheTextAndShiftEnterBreaksTheLine)
     EXPECT_EQ(talk.count(), 2);
 }
 
-} // namespace

@@ -10,165 +10,136 @@
 using platform::BoxIcon;
 using platform::RuntimeError;
 
-namespace
-{
-
-struct MainTest : ::testing::Test {
+struct MainRun {
     fakes::FakePlatform fp;
     App app{fp.platform};
+    bool ended = false;
 
-    MainTest() { fp.dialogs.files = {QStringLiteral("/chars/pip.acs")}; }
-
-    // Runs Main; true when the program ended on the way.
-    bool runMain()
+    // Sets the stored values, lets `prepare` change the fakes, then runs Main.
+    explicit MainRun(const std::map<QString, QString>& values = {},
+                     const std::function<void(fakes::FakePlatform&)>& prepare = {})
     {
+        fp.dialogs.files = {"/chars/pip.acs"};
+        for (const auto& [name, value] : values)
+            fp.store.setValue(name, value);
+        if (prepare)
+            prepare(fp);
         try {
             Main(app);
         } catch (const fakes::ProgramEnded&) {
-            return true;
+            ended = true;
         }
-        return false;
-    }
-
-    QStringList boxTitles() const
-    {
-        QStringList titles;
-        for (const auto& box : fp.dialogs.boxes)
-            titles << box.title;
-        return titles;
     }
 };
 
-TEST_F(MainTest, SecondInstanceIsRefusedBeforeAnythingIsTouched)
+TEST(MainTest, SecondInstanceIsRefusedBeforeAnythingIsTouched)
 {
-    fp.instance.previousRunning = true;
-    EXPECT_TRUE(runMain());
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Warning);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Quorl"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("Quorl is already running!"));
-    EXPECT_TRUE(fp.store.writes.isEmpty());
-    EXPECT_EQ(fp.agent, nullptr);
-    EXPECT_EQ(app.MainForm, nullptr);
+    const MainRun run({}, [](fakes::FakePlatform& fp) { fp.instance.previousRunning = true; });
+    EXPECT_TRUE(run.ended);
+    ASSERT_EQ(run.fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(run.fp.dialogs.boxes[0].icon, BoxIcon::Warning);
+    EXPECT_EQ(run.fp.dialogs.boxes[0].title, "Quorl");
+    EXPECT_EQ(run.fp.dialogs.boxes[0].text, "Quorl is already running!");
+    EXPECT_TRUE(run.fp.store.writes.isEmpty());
+    EXPECT_EQ(run.fp.agent, nullptr);
+    EXPECT_EQ(run.app.MainForm, nullptr);
 }
 
-TEST_F(MainTest, AppPathIsTheUsersDataFolder)
+TEST(MainTest, AppPathAndTheSplash)
 {
-    runMain();
-    EXPECT_TRUE(app.AppPath.endsWith(QStringLiteral("/Kestrane/Quorl")));
-    EXPECT_TRUE(QDir(app.AppPath).exists());
+    const MainRun run;
+    EXPECT_TRUE(run.app.AppPath.endsWith("/Kestrane/Quorl"));
+    EXPECT_TRUE(QDir(run.app.AppPath).exists());
+    EXPECT_EQ(run.fp.modalWindows, QStringList{"frmSplash"});
+    EXPECT_EQ(run.fp.store.value("Splash"), "1");
+    EXPECT_EQ(run.app.ModalOpen, 0);
+    EXPECT_TRUE(MainRun(std::map<QString, QString>{{"Splash", "0"}}).fp.modalWindows.isEmpty());
 }
 
-TEST_F(MainTest, VersionMigration)
+TEST(MainTest, VersionMigration)
 {
-    struct Case {
-        std::optional<QString> version;
-        bool migrates;
+    const std::pair<std::optional<QString>, bool> cases[] = {
+        {"42", true}, {"43", false}, {std::nullopt, true}, {"42.5", false}, {"forty", true}};
+    for (const auto& [version, migrates] : cases) {
+        SCOPED_TRACE(version.value_or("<missing>").toStdString());
+        std::map<QString, QString> values{{"Top", "True"}};
+        if (version)
+            values["Version"] = *version;
+        const MainRun run(values);
+        EXPECT_EQ(run.fp.store.value("Version"), migrates ? std::optional<QString>("43") : version);
+        EXPECT_EQ(run.fp.store.value("Top"), migrates ? "0" : "True");
+    }
+}
+
+TEST(MainTest, NoCharacterControlIsReportedAsAgentMissing)
+{
+    const MainRun run({}, [](fakes::FakePlatform& fp) { fp.agentMissing = true; });
+    EXPECT_TRUE(run.ended);
+    EXPECT_EQ(run.fp.dialogs.titles(), QStringList{"Microsoft Agent Not Installed"});
+    EXPECT_TRUE(run.app.MainForm == nullptr || !run.app.MainForm->isVisible());
+}
+
+// The engines are tested once the window is up, that is while the splash is shown.
+TEST(MainTest, SpeechEnginesThatAreMissingOrOff)
+{
+    const RuntimeError silent(platform::errors::SpeechInputError, platform::AgentSource, {});
+    const struct {
+        const char* name;
+        std::function<void(fakes::FakeAgent&)> engines;
+        BoxIcon icon;
+        QString title, text;
+        bool ends;
+    } cases[] = {
+        {"speech output off", [](fakes::FakeAgent& a) { a.audioOutputEnabled = false; },
+         BoxIcon::Critical, "Speech is disabled",
+         "Speech output is not installed or has been disabled. Visit " + HomePageUrl +
+             " to download a speech engine. If you have already done that, click the right mouse "
+             "button on Microsoft Agent icon on your system tray, click on 'Microsoft Agent "
+             "Properties'. In the 'Output' tab, check all the check boxes.",
+         true},
+        {"no speech input engine", [](fakes::FakeAgent& a) { a.speechInputInstalled = false; },
+         BoxIcon::Plain, "Speech Engine not Installed",
+         "You don't have a compatible input speech engine installed, visit " + HomePageUrl +
+             " to download the Command and Control Engine.",
+         true},
+        {"speech input off", [](fakes::FakeAgent& a) { a.speechInputEnabled = false; },
+         BoxIcon::Critical, "Enable Speech Engine",
+         "Speech engine is not enabled. Please enable Speech Input and then press Ok. Otherwise, "
+         "input features of Quorl will not work.",
+         false},
+        // Errors that the reporter passes over while testing let start-up go on.
+        {"silent errors",
+         [&](fakes::FakeAgent& a) {
+             a.failCalls("AudioOutput.Enabled", silent);
+             a.failCalls("SpeechInput.Installed",
+                         {platform::errors::ObjectError, platform::AgentSource, {}});
+             a.speechInputEnabled = false;
+         },
+         BoxIcon::Critical,
+         "Enable Speech Engine",
+         {},
+         false},
     };
-    for (const Case& c : {Case{QStringLiteral("42"), true}, Case{QStringLiteral("43"), false},
-                          Case{std::nullopt, true}, Case{QStringLiteral("42.5"), false},
-                          Case{QStringLiteral("forty"), true}}) {
-        fakes::FakePlatform fp;
-        fp.dialogs.files = {QStringLiteral("/chars/pip.acs")};
-        if (c.version)
-            fp.store.setValue(QStringLiteral("Version"), *c.version);
-        fp.store.setValue(QStringLiteral("Top"), QStringLiteral("True"));
-        App app(fp.platform);
-        try {
-            Main(app);
-        } catch (const fakes::ProgramEnded&) {
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const MainRun run({}, [&](fakes::FakePlatform& fp) {
+            fp.onModal = [&](QDialog&) { c.engines(*fp.agent); };
+        });
+        EXPECT_EQ(run.ended, c.ends);
+        EXPECT_EQ(run.fp.process.ends, c.ends ? 1 : 0);
+        ASSERT_FALSE(run.fp.dialogs.boxes.empty());
+        const fakes::Box& box = run.fp.dialogs.boxes[0];
+        EXPECT_EQ(box.icon, c.icon);
+        EXPECT_EQ(box.title, c.title);
+        if (!c.text.isEmpty()) {
+            EXPECT_EQ(box.text, c.text);
         }
-        SCOPED_TRACE(c.version.value_or(QStringLiteral("<missing>")).toStdString());
-        EXPECT_EQ(fp.store.value(QStringLiteral("Version")),
-                  c.migrates ? QStringLiteral("43") : c.version);
-        EXPECT_EQ(fp.store.value(QStringLiteral("Top")),
-                  c.migrates ? QStringLiteral("0") : QStringLiteral("True"));
+        if (c.ends) {
+            EXPECT_EQ(run.fp.dialogs.boxes.size(), 1u);
+        }
+        if (box.title == "Enable Speech Engine") {
+            EXPECT_EQ(run.fp.agent->propertySheetPage, "Speech");
+            EXPECT_TRUE(run.fp.agent->propertySheetVisible);
+        }
     }
 }
-
-TEST_F(MainTest, NoCharacterControlIsReportedAsAgentMissing)
-{
-    fp.agentMissing = true;
-    EXPECT_TRUE(runMain());
-    EXPECT_EQ(boxTitles(), QStringList{QStringLiteral("Microsoft Agent Not Installed")});
-    EXPECT_TRUE(app.MainForm == nullptr || !app.MainForm->isVisible());
-}
-
-TEST_F(MainTest, SpeechOutputOffEndsTheProgram)
-{
-    fp.onModal = [this](QDialog&) { fp.agent->audioOutputEnabled = false; };
-    EXPECT_TRUE(runMain());
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Critical);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Speech is disabled"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text,
-              QStringLiteral("Speech output is not installed or has been disabled. Visit ") +
-                  HomePageUrl +
-                  QStringLiteral(" to download a speech engine. If you have already done that, "
-                                 "click the right mouse button on Microsoft Agent icon on your "
-                                 "system tray, click on 'Microsoft Agent Properties'. In the "
-                                 "'Output' tab, check all the check boxes."));
-}
-
-TEST_F(MainTest, NoSpeechInputEngineEndsTheProgram)
-{
-    fp.onModal = [this](QDialog&) { fp.agent->speechInputInstalled = false; };
-    EXPECT_TRUE(runMain());
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Plain);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Speech Engine not Installed"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text,
-              QStringLiteral("You don't have a compatible input speech engine installed, visit ") +
-                  HomePageUrl + QStringLiteral(" to download the Command and Control Engine."));
-}
-
-TEST_F(MainTest, SpeechInputOffOpensTheSpeechPageWarnsAndGoesOn)
-{
-    fp.onModal = [this](QDialog&) { fp.agent->speechInputEnabled = false; };
-    runMain();
-    EXPECT_EQ(fp.agent->propertySheetPage, QStringLiteral("Speech"));
-    EXPECT_TRUE(fp.agent->propertySheetVisible);
-    ASSERT_FALSE(fp.dialogs.boxes.empty());
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, BoxIcon::Critical);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Enable Speech Engine"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text,
-              QStringLiteral("Speech engine is not enabled. Please enable Speech Input and then "
-                             "press Ok. Otherwise, input features of Quorl will not work."));
-    EXPECT_EQ(fp.process.ends, 0);
-}
-
-TEST_F(MainTest, SilentErrorsWhileTestingTheEnginesLetStartUpGoOn)
-{
-    fp.onModal = [this](QDialog&) {
-        fp.agent->failCalls(
-            QStringLiteral("AudioOutput.Enabled"),
-            RuntimeError(platform::errors::SpeechInputError, platform::AgentSource, {}));
-        fp.agent->failCalls(QStringLiteral("SpeechInput.Installed"),
-                            RuntimeError(platform::errors::ObjectError, platform::AgentSource, {}));
-        fp.agent->speechInputEnabled = false;
-    };
-    runMain();
-    EXPECT_EQ(fp.process.ends, 0);
-    ASSERT_FALSE(fp.dialogs.boxes.empty());
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Enable Speech Engine"));
-}
-
-TEST_F(MainTest, SplashShowsModallyUnlessSwitchedOff)
-{
-    runMain();
-    EXPECT_EQ(fp.modalWindows, QStringList{QStringLiteral("frmSplash")});
-    EXPECT_EQ(fp.store.value(QStringLiteral("Splash")), QStringLiteral("1"));
-    EXPECT_EQ(app.ModalOpen, 0);
-
-    fakes::FakePlatform quiet;
-    quiet.dialogs.files = {QStringLiteral("/chars/pip.acs")};
-    quiet.store.setValue(QStringLiteral("Splash"), QStringLiteral("0"));
-    App second(quiet.platform);
-    try {
-        Main(second);
-    } catch (const fakes::ProgramEnded&) {
-    }
-    EXPECT_TRUE(quiet.modalWindows.isEmpty());
-}
-
-} // namespace

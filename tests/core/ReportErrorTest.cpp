@@ -5,125 +5,94 @@
 
 #include <gtest/gtest.h>
 
-using platform::BoxIcon;
 using platform::RuntimeError;
 
-namespace
+const QString agentSource = "Agent.Control.1", other = "Quorl";
+
+// Reports the error on a fresh platform; the boxes shown, and whether the program ended.
+std::pair<std::vector<fakes::Box>, bool> report(bool fatal, float where, const RuntimeError& error)
 {
-
-struct Row {
-    std::int32_t number;
-    QString source;
-    float where;
-    bool fatal;
-    QString boxTitle; // empty: no box
-    bool ends;
-};
-
-void PrintTo(const Row& row, std::ostream* out)
-{
-    *out << row.number << " from " << row.source.toStdString() << " at " << row.where
-         << (row.fatal ? " fatal" : "");
-}
-
-class ReportErrorTest : public ::testing::TestWithParam<Row>
-{
-};
-
-const QString agentSource = QStringLiteral("Agent.Control.1");
-const QString other = QStringLiteral("Quorl");
-
-TEST_P(ReportErrorTest, ShowsTheBoxThatFitsAndEndsWhenFatal)
-{
-    const Row& row = GetParam();
     fakes::FakePlatform fp;
     App app(fp.platform);
-    const RuntimeError error(row.number, row.source, QStringLiteral("Something went wrong"));
-
-    bool ended = false;
     try {
-        ReportError(app, row.fatal, row.where, error);
+        ReportError(app, fatal, where, error);
     } catch (const fakes::ProgramEnded&) {
-        ended = true;
+        return {fp.dialogs.boxes, true};
     }
-    EXPECT_EQ(ended, row.ends);
-    if (row.boxTitle.isEmpty()) {
-        EXPECT_TRUE(fp.dialogs.boxes.empty());
-    } else {
-        ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-        EXPECT_EQ(fp.dialogs.boxes[0].title, row.boxTitle);
-    }
+    return {fp.dialogs.boxes, false};
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    EveryRow, ReportErrorTest,
-    ::testing::Values(
-        Row{platform::hresult(0x80040317), agentSource, 2, false, "Speech Input Error", false},
-        Row{platform::hresult(0x80040317), agentSource, 3.1f, true, "Speech Input Error", true},
-        Row{platform::hresult(0x80040317), other, 2, false, "", false},
-        Row{platform::hresult(0x80040317), other, 3.1f, true, "", true},
-        Row{platform::hresult(0x8002801D), other, 3.1f, true, "", true},
-        Row{platform::hresult(0x8002801D), other, 11, true, "", false},
-        Row{platform::hresult(0x80042502), agentSource, 11, true, "", false},
-        Row{platform::hresult(0x80042502), agentSource, 3.2f, true, "", true},
-        Row{platform::hresult(0x80042502), agentSource, 6, false, "", false},
-        Row{339, other, 3.1f, true, "Microsoft Agent Not Installed", true},
-        Row{339, other, 6, false, "Microsoft Agent Not Installed", false},
-        Row{400, other, 3.1f, true, "", false}, Row{400, other, 2, false, "", false},
-        Row{50003, other, 11, true, "", false}, Row{50003, other, 3.1f, true, "", true},
-        Row{53, other, 4.2f, true, "Unknown Error", true},
-        Row{53, other, 2, false, "Unknown Error", false}));
-
-TEST(ReportErrorText, AgentMissingBoxHasSixLines)
+TEST(ReportErrorTest, ShowsTheBoxThatFitsAndEndsWhenFatal)
 {
-    fakes::FakePlatform fp;
-    App app(fp.platform);
-    ReportError(app, false, 3.1f, RuntimeError(339, other, QString()));
-    const fakes::Box& box = fp.dialogs.boxes.at(0);
-    EXPECT_EQ(box.icon, BoxIcon::Critical);
-    EXPECT_EQ(box.text,
-              QStringLiteral("You didn't install Microsoft Agent. Please goto '") + HomePageUrl +
-                  QStringLiteral("' \r\n"
-                                 "and go to the 'Agent Installation' section to install three "
-                                 "components:\r\n"
-                                 "1) Install Microsoft Agent Services version 1.5\r\n"
-                                 "2) Install the TruVoice Text-To-Speech Engine\r\n"
-                                 "3) Install the Command and Control Engine\r\n"
-                                 "Please email ") +
-                  SupportAddress + QStringLiteral(" if you are still having trouble."));
-}
-
-TEST(ReportErrorText, GeneralBoxNamesPlaceNumberAndSource)
-{
-    struct Case {
-        float where;
+    const std::int32_t speechInput = platform::hresult(0x80040317),
+                       typeMismatch = platform::hresult(0x8002801D),
+                       noSuchCommand = platform::hresult(0x80042502);
+    const struct {
         std::int32_t number;
-        QString tail;
+        QString source;
+        float where;
+        bool fatal;
+        QString boxTitle; // empty: no box
+        bool ends;
+    } rows[] = {
+        {speechInput, agentSource, 2, false, "Speech Input Error", false},
+        {speechInput, agentSource, 3.1f, true, "Speech Input Error", true},
+        {speechInput, other, 2, false, "", false},
+        {speechInput, other, 3.1f, true, "", true},
+        {typeMismatch, other, 3.1f, true, "", true},
+        {typeMismatch, other, 11, true, "", false},
+        {noSuchCommand, agentSource, 11, true, "", false},
+        {noSuchCommand, agentSource, 3.2f, true, "", true},
+        {noSuchCommand, agentSource, 6, false, "", false},
+        {339, other, 3.1f, true, "Microsoft Agent Not Installed", true},
+        {339, other, 6, false, "Microsoft Agent Not Installed", false},
+        {400, other, 3.1f, true, "", false},
+        {400, other, 2, false, "", false},
+        {50003, other, 11, true, "", false},
+        {50003, other, 3.1f, true, "", true},
+        {53, other, 4.2f, true, "Unknown Error", true},
+        {53, other, 2, false, "Unknown Error", false},
     };
-    for (const Case& c : {Case{3.1f, 53, "( Unknown ( 3.1 ) 53, Quorl)"},
-                          Case{11, -2147467259, "( Unknown ( 11 ) -2147467259, Quorl)"},
-                          Case{10.2f, 5, "( Unknown ( 10.2 ) 5, Quorl)"}}) {
-        fakes::FakePlatform fp;
-        App app(fp.platform);
-        ReportError(app, false, c.where, RuntimeError(c.number, other, QStringLiteral("Bad file")));
-        EXPECT_EQ(fp.dialogs.boxes.at(0).text,
-                  QStringLiteral("Bad file\r\nPlease report the following error to '") +
-                      SupportAddress + QStringLiteral("' \r\n") + c.tail);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.number << " from " << row.source.toStdString()
+                                        << " at " << row.where << (row.fatal ? " fatal" : ""));
+        const auto [boxes, ended] = report(row.fatal, row.where, {row.number, row.source, "Oops"});
+        EXPECT_EQ(ended, row.ends);
+        ASSERT_EQ(boxes.size(), row.boxTitle.isEmpty() ? 0u : 1u);
+        if (!boxes.empty()) {
+            EXPECT_EQ(boxes[0].title, row.boxTitle);
+        }
     }
 }
 
-TEST(ReportErrorText, SoundSystemBox)
+TEST(ReportErrorTest, TextsOfTheBoxes)
 {
-    fakes::FakePlatform fp;
-    App app(fp.platform);
-    ReportError(app, false, 6,
-                RuntimeError(platform::errors::SoundSystemBusy, agentSource, QString()));
-    const fakes::Box& box = fp.dialogs.boxes.at(0);
-    EXPECT_EQ(box.icon, BoxIcon::Warning);
-    EXPECT_EQ(box.text, QStringLiteral("Some other application is using your sound system, this "
-                                       "caused an error in Agent's Speech Input component. Please "
-                                       "close all other applications that are using your sound "
-                                       "card."));
-}
+    const fakes::Box missing = report(false, 3.1f, {339, other, {}}).first.at(0);
+    EXPECT_EQ(missing.icon, platform::BoxIcon::Critical);
+    EXPECT_EQ(missing.text, "You didn't install Microsoft Agent. Please goto '" + HomePageUrl +
+                                "' \r\n"
+                                "and go to the 'Agent Installation' section to install three "
+                                "components:\r\n"
+                                "1) Install Microsoft Agent Services version 1.5\r\n"
+                                "2) Install the TruVoice Text-To-Speech Engine\r\n"
+                                "3) Install the Command and Control Engine\r\n"
+                                "Please email " +
+                                SupportAddress + " if you are still having trouble.");
 
-} // namespace
+    const fakes::Box sound =
+        report(false, 6, {platform::errors::SoundSystemBusy, agentSource, {}}).first.at(0);
+    EXPECT_EQ(sound.icon, platform::BoxIcon::Warning);
+    EXPECT_EQ(sound.text, "Some other application is using your sound system, this caused an error "
+                          "in Agent's Speech Input component. Please close all other applications "
+                          "that are using your sound card.");
+
+    // The general box names the place, the number and the source.
+    const std::tuple<float, std::int32_t, QString> general[] = {
+        {3.1f, 53, "( Unknown ( 3.1 ) 53, Quorl)"},
+        {11, -2147467259, "( Unknown ( 11 ) -2147467259, Quorl)"},
+        {10.2f, 5, "( Unknown ( 10.2 ) 5, Quorl)"}};
+    for (const auto& [where, number, tail] : general)
+        EXPECT_EQ(report(false, where, {number, other, "Bad file"}).first.at(0).text,
+                  "Bad file\r\nPlease report the following error to '" + SupportAddress + "' \r\n" +
+                      tail);
+}

@@ -7,13 +7,10 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 struct TextFileTest : ::testing::Test {
     QString write(const QByteArray& bytes)
     {
-        const QString path = dir.filePath(QStringLiteral("t.txt"));
+        const QString path = dir.filePath("t.txt");
         QFile file(path);
         file.open(QIODevice::WriteOnly);
         file.write(bytes);
@@ -75,7 +72,7 @@ TEST_F(TextFileTest, EncodingFollowsTheWholeFile)
          "a\x81"
          "b",
          false,
-         {QStringLiteral("a\u0081b")}},
+         {"a\u0081b"}},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(lines(c.bytes), c.lines) << c.name;
@@ -93,16 +90,15 @@ TEST_F(TextFileTest, LateStrayByteMakesTheWholeFileSingleByte)
     const QStringList read = lines(bytes);
     EXPECT_FALSE(file.isUtf8());
     ASSERT_EQ(read.size(), 202);
-    EXPECT_EQ(read.front(), QStringLiteral("caf\u00C3\u00A9"));
-    EXPECT_EQ(read.back(), QStringLiteral("\u00E9"));
+    EXPECT_EQ(read.front(), "caf\u00C3\u00A9");
+    EXPECT_EQ(read.back(), "\u00E9");
 }
 
 TEST_F(TextFileTest, LongLineComesInSegmentsThatJoinToTheLine)
 {
     // Two-byte characters, so that a segment boundary falls inside a character unless the
     // reader avoids it; an odd count of bytes before them shifts the boundaries.
-    const QString line =
-        QStringLiteral("x") + QString(150000, QChar(0x00E9)) + QStringLiteral(" end");
+    const QString line = "x" + QString(150000, QChar(0x00E9)) + " end";
     file.open(write(line.toUtf8() + "\r\nnext\r\n"));
 
     QString joined = file.readLine();
@@ -118,22 +114,18 @@ TEST_F(TextFileTest, LongLineComesInSegmentsThatJoinToTheLine)
     }
     EXPECT_EQ(joined, line);
     EXPECT_EQ(segments, 5);
-    EXPECT_EQ(file.readLine(), QStringLiteral("next"));
+    EXPECT_EQ(file.readLine(), "next");
     EXPECT_TRUE(file.atEnd());
-}
 
-TEST_F(TextFileTest, ReadLinePassesOverTheRestOfALongLine)
-{
+    // readLine passes over the rest of a long line.
     const QByteArray longLine(3 * TextFile::SegmentBytes, 'a');
     file.open(write(longLine + "\nsecond"));
     EXPECT_EQ(file.readLine().size(), TextFile::SegmentBytes);
-    EXPECT_EQ(file.readLine(), QStringLiteral("second"));
+    EXPECT_EQ(file.readLine(), "second");
     EXPECT_FALSE(file.lineContinues());
     EXPECT_TRUE(file.atEnd());
-}
 
-TEST_F(TextFileTest, EndIsKnownWhileTheLastLineIsStillInSegments)
-{
+    // The end is known while the last line is still in segments.
     file.open(write(QByteArray(2 * TextFile::SegmentBytes, 'a') + "\r\n"));
     file.readLine();
     EXPECT_TRUE(file.lineContinues());
@@ -163,11 +155,11 @@ TEST_F(TextFileTest, BlankRestOfLongLine)
 TEST_F(TextFileTest, MissingFileAndClosedFile)
 {
     try {
-        file.open(dir.filePath(QStringLiteral("missing.txt")));
+        file.open(dir.filePath("missing.txt"));
         FAIL() << "no error";
     } catch (const platform::RuntimeError& error) {
         EXPECT_EQ(error.Number, platform::errors::FileNotFound);
-        EXPECT_EQ(error.Description, QStringLiteral("File not found"));
+        EXPECT_EQ(error.Description, "File not found");
     }
     EXPECT_THROW(file.open(dir.path()), platform::RuntimeError);
 
@@ -177,5 +169,3 @@ TEST_F(TextFileTest, MissingFileAndClosedFile)
     EXPECT_TRUE(file.atEnd());
     EXPECT_TRUE(file.readLine().isEmpty());
 }
-
-} // namespace

@@ -5,9 +5,6 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace
-{
-
 using namespace agent::acs;
 
 const CharacterData& character()
@@ -85,7 +82,7 @@ bool speaks(const Frame& frame)
     return mouths.size() == 7;
 }
 
-TEST(BundledCharacter, IsSmallAndIntroducesItself)
+TEST(BundledCharacter, IsSmallAndIntroducesItselfWithVoiceAndReadableBalloon)
 {
     QFile file(QStringLiteral(QUORL_BUNDLED_CHARACTER));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -96,12 +93,9 @@ TEST(BundledCharacter, IsSmallAndIntroducesItself)
     ASSERT_FALSE(character().localizedInfo.empty());
     const LocalizedInfo& info = character().localizedInfo.front();
     EXPECT_EQ(info.language & 0x3FF, 0x09);
-    EXPECT_EQ(info.name, QStringLiteral("Lumo"));
+    EXPECT_EQ(info.name, "Lumo");
     EXPECT_FALSE(info.description.isEmpty());
-}
 
-TEST(BundledCharacter, HasVoiceAndReadableBalloon)
-{
     ASSERT_TRUE(character().voice.has_value());
     EXPECT_EQ(character().voice->pitch, 120);
     EXPECT_EQ(character().voice->speed, 160u);
@@ -136,38 +130,24 @@ TEST(BundledCharacter, HasEveryStateWithAnimationsThatExist)
 
 TEST(BundledCharacter, HasTheAnimationsTheProgramAndPlayerUse)
 {
-    struct Expected {
-        const char* name;
-        bool speaking;
-    };
-    for (const Expected& expected : {Expected{"Show", false},
-                                     {"Hide", false},
-                                     {"RestPose", true},
-                                     {"Blink", false},
-                                     {"Read", true},
-                                     {"ReadContinued", true},
-                                     {"ReadReturn", false},
-                                     {"Greet", true},
-                                     {"Wave", true},
-                                     {"Explain", true},
-                                     {"GetAttention", false},
-                                     {"Idle1_1", false},
-                                     {"Idle3_1", false},
-                                     {"MoveLeft", false},
-                                     {"MoveRight", false},
-                                     {"MoveUp", false},
-                                     {"MoveDown", false}}) {
-        SCOPED_TRACE(expected.name);
-        const Animation* found = animation(QLatin1String(expected.name));
+    const std::pair<const char*, bool> used[] = {
+        {"Show", false},    {"Hide", false},         {"RestPose", true},      {"Blink", false},
+        {"Read", true},     {"ReadContinued", true}, {"ReadReturn", false},   {"Greet", true},
+        {"Wave", true},     {"Explain", true},       {"GetAttention", false}, {"Idle1_1", false},
+        {"Idle3_1", false}, {"MoveLeft", false},     {"MoveRight", false},    {"MoveUp", false},
+        {"MoveDown", false}};
+    for (const auto& [name, speaking] : used) {
+        SCOPED_TRACE(name);
+        const Animation* found = animation(QLatin1String(name));
         ASSERT_NE(found, nullptr);
-        if (!expected.speaking)
+        if (!speaking)
             continue;
         // The speaking frame is the last one shown in normal play.
         const std::vector<int> shown = certainPlay(*found);
         ASSERT_FALSE(shown.empty());
         EXPECT_TRUE(speaks(found->frames[static_cast<std::size_t>(shown.back())]));
     }
-    const Animation* rest = animation(QStringLiteral("RestPose"));
+    const Animation* rest = animation("RestPose");
     ASSERT_EQ(rest->frames.size(), 1u);
     EXPECT_EQ(rest->frames.front().overlays.size(), 7u);
 }
@@ -208,8 +188,7 @@ TEST(BundledCharacter, EveryExitPathEnds)
 // are interrupted, so the next animation starts where they left off.
 TEST(BundledCharacter, SelfContainedAnimationsReturnToTheNeutralPose)
 {
-    const QImage neutral =
-        lumo::composeFrame(character(), animation(QStringLiteral("RestPose"))->frames.front());
+    const QImage neutral = lumo::composeFrame(character(), animation("RestPose")->frames.front());
     for (const char* name :
          {"Show", "Blink", "ReadReturn", "Idle1_1", "Idle1_2", "Idle2_1", "Idle3_1"}) {
         const Animation& played = *animation(QLatin1String(name));
@@ -228,7 +207,7 @@ TEST(BundledCharacter, SelfContainedAnimationsReturnToTheNeutralPose)
 
 TEST(BundledCharacter, DozingLoopsUntilInterrupted)
 {
-    const Animation& doze = *animation(QStringLiteral("Idle3_1"));
+    const Animation& doze = *animation("Idle3_1");
     EXPECT_TRUE(certainPlay(doze).empty());
     EXPECT_TRUE(followExits(doze, 3).ended);
 }
@@ -246,5 +225,3 @@ TEST(BundledCharacter, GesturesReturnThroughExitBranches)
             << "leaving from the held pose goes back to the first frame";
     }
 }
-
-} // namespace

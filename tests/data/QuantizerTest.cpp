@@ -3,9 +3,6 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 using lumo::quantize;
 
 std::uint8_t indexAt(const agent::acs::Image& image, int x, int y)
@@ -82,5 +79,3 @@ TEST(Quantizer, ReducesManyColoursToAPaletteCloseToThem)
     EXPECT_LE(worst, 24);
     EXPECT_EQ(indexAt(result.images[1], 6, 2), indexAt(image, 6, 2)) << "images share one palette";
 }
-
-} // namespace

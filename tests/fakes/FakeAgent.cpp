@@ -6,11 +6,6 @@ namespace fakes
 namespace
 {
 
-QString flag(bool value)
-{
-    return value ? QStringLiteral("1") : QStringLiteral("0");
-}
-
 platform::RuntimeError notFound(const QString& what)
 {
     return platform::RuntimeError(platform::errors::ElementNotFound, platform::AgentSource,
@@ -19,63 +14,18 @@ platform::RuntimeError notFound(const QString& what)
 
 } // namespace
 
-FakeCommand::FakeCommand(QStringList& log, QString name, QString caption, QString voice,
-                         bool enabled, bool visible)
-    : log_(log), name_(std::move(name)), caption_(std::move(caption)), voice_(std::move(voice)),
-      enabled_(enabled), visible_(visible)
+void FakeCommands::log(const QString& property, const QString& value)
 {
-}
-
-void FakeCommand::setCaption(const QString& caption)
-{
-    log_ << QStringLiteral("Command(%1).Caption=%2").arg(name_, caption);
-    caption_ = caption;
-}
-
-void FakeCommand::setVoice(const QString& voice)
-{
-    log_ << QStringLiteral("Command(%1).Voice=%2").arg(name_, voice);
-    voice_ = voice;
-}
-
-void FakeCommand::setEnabled(bool enabled)
-{
-    log_ << QStringLiteral("Command(%1).Enabled=%2").arg(name_, flag(enabled));
-    enabled_ = enabled;
-}
-
-void FakeCommand::setVisible(bool visible)
-{
-    log_ << QStringLiteral("Command(%1).Visible=%2").arg(name_, flag(visible));
-    visible_ = visible;
-}
-
-void FakeCommands::setCaption(const QString& caption)
-{
-    agent_.throwIfFailing(QStringLiteral("Commands.Caption"));
-    agent_.calls << QStringLiteral("Commands.Caption=") + caption;
-    caption_ = caption;
-}
-
-void FakeCommands::setVoice(const QString& voice)
-{
-    agent_.throwIfFailing(QStringLiteral("Commands.Voice"));
-    agent_.calls << QStringLiteral("Commands.Voice=") + voice;
-    voice_ = voice;
-}
-
-void FakeCommands::setVisible(bool visible)
-{
-    agent_.throwIfFailing(QStringLiteral("Commands.Visible"));
-    agent_.calls << QStringLiteral("Commands.Visible=") + flag(visible);
-    visible_ = visible;
+    agent_.throwIfFailing("Commands." + property);
+    agent_.calls << "Commands." + property + "=" + value;
 }
 
 void FakeCommands::Add(const QString& name, const QString& caption, const QString& voice,
                        bool enabled, bool visible)
 {
-    const QString call = QStringLiteral("Commands.Add(%1,%2,%3,%4,%5)")
-                             .arg(name, caption, voice, flag(enabled), flag(visible));
+    const QString call =
+        QStringLiteral("Commands.Add(%1,%2,%3,%4,%5)")
+            .arg(name, caption, voice, FakeCommand::flag(enabled), FakeCommand::flag(visible));
     agent_.throwIfFailing(call);
     agent_.calls << call;
     entries_.push_back(
@@ -98,12 +48,6 @@ platform::AgentCommand& FakeCommands::Command(const QString& name)
     throw notFound(QStringLiteral("command ") + name);
 }
 
-void FakeBalloon::setVisible(bool v)
-{
-    log_ << QStringLiteral("Balloon.Visible=") + flag(v);
-    visible = v;
-}
-
 FakeCharacter::FakeCharacter(FakeAgent& agent, QString file)
     : file(std::move(file)), balloon(agent.calls), commands(agent), agent_(agent)
 {
@@ -118,11 +62,6 @@ platform::Request FakeCharacter::request(const QString& call)
     return r;
 }
 
-platform::Request FakeCharacter::Speak(const QString& text)
-{
-    return request(QStringLiteral("Speak(") + text + QLatin1Char(')'));
-}
-
 platform::Request FakeCharacter::Play(const QString& animation)
 {
     if (!animations.count(animation))
@@ -130,31 +69,10 @@ platform::Request FakeCharacter::Play(const QString& animation)
     return request(QStringLiteral("Play(") + animation + QLatin1Char(')'));
 }
 
-platform::Request FakeCharacter::Show(bool fast)
+bool FakeCharacter::log(const char* property, bool on)
 {
-    return request(QStringLiteral("Show(") + flag(fast) + QLatin1Char(')'));
-}
-
-platform::Request FakeCharacter::Hide()
-{
-    return request(QStringLiteral("Hide()"));
-}
-
-platform::Request FakeCharacter::MoveTo(std::int16_t x, std::int16_t y)
-{
-    return request(QStringLiteral("MoveTo(%1,%2)").arg(x).arg(y));
-}
-
-void FakeCharacter::setIdleOn(bool on)
-{
-    agent_.calls << QStringLiteral("IdleOn=") + flag(on);
-    idleOn = on;
-}
-
-void FakeCharacter::setSoundEffectsOn(bool on)
-{
-    agent_.calls << QStringLiteral("SoundEffectsOn=") + flag(on);
-    soundEffectsOn = on;
+    agent_.calls << QLatin1String(property) + FakeCommand::flag(on);
+    return on;
 }
 
 void FakeCharacters::Load(const QString& id, const QString& file)
@@ -185,24 +103,6 @@ void FakeCharacters::Unload(const QString& id)
 
 FakeAgent::FakeAgent() : characters(*this) {}
 
-bool FakeAgent::AudioOutputEnabled() const
-{
-    throwIfFailing(QStringLiteral("AudioOutput.Enabled"));
-    return audioOutputEnabled;
-}
-
-bool FakeAgent::SpeechInputInstalled() const
-{
-    throwIfFailing(QStringLiteral("SpeechInput.Installed"));
-    return speechInputInstalled;
-}
-
-bool FakeAgent::SpeechInputEnabled() const
-{
-    throwIfFailing(QStringLiteral("SpeechInput.Enabled"));
-    return speechInputEnabled;
-}
-
 void FakeAgent::setPropertySheetPage(const QString& page)
 {
     calls << QStringLiteral("PropertySheet.Page=") + page;
@@ -211,7 +111,7 @@ void FakeAgent::setPropertySheetPage(const QString& page)
 
 void FakeAgent::setPropertySheetVisible(bool visible)
 {
-    calls << QStringLiteral("PropertySheet.Visible=") + flag(visible);
+    calls << QStringLiteral("PropertySheet.Visible=") + FakeCommand::flag(visible);
     propertySheetVisible = visible;
 }
 
@@ -251,10 +151,6 @@ FakeCharacter* FakeAgent::character(const QString& id)
     return it == characters.loaded.end() ? nullptr : it->second.get();
 }
 
-void FakeAgent::raiseClick(int button, const QString& id)
-{
-    events->Agent1_Click(id, button, 0, 0, 0);
-}
 void FakeAgent::raiseShow(const QString& id)
 {
     if (auto* c = character(id))
@@ -266,22 +162,6 @@ void FakeAgent::raiseHide(const QString& id)
     if (auto* c = character(id))
         c->visible = false;
     events->Agent1_Hide(id, 0);
-}
-void FakeAgent::raiseIdleStart(const QString& id)
-{
-    events->Agent1_IdleStart(id);
-}
-void FakeAgent::raiseCommand(const QString& name)
-{
-    events->Agent1_Command({name});
-}
-void FakeAgent::raiseShutdown()
-{
-    events->Agent1_Shutdown();
-}
-void FakeAgent::raiseError(const platform::RuntimeError& error)
-{
-    events->Agent1_Error(error);
 }
 
 } // namespace fakes

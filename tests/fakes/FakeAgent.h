@@ -28,18 +28,32 @@ class FakeCommand : public platform::AgentCommand
 {
 public:
     FakeCommand(QStringList& log, QString name, QString caption, QString voice, bool enabled,
-                bool visible);
+                bool visible)
+        : log_(log), name_(std::move(name)), caption_(std::move(caption)), voice_(std::move(voice)),
+          enabled_(enabled), visible_(visible)
+    {
+    }
     QString Name() const override { return name_; }
     QString Caption() const override { return caption_; }
-    void setCaption(const QString& caption) override;
+    void setCaption(const QString& caption) override { set(caption_, caption, "Caption", caption); }
     QString Voice() const override { return voice_; }
-    void setVoice(const QString& voice) override;
+    void setVoice(const QString& voice) override { set(voice_, voice, "Voice", voice); }
     bool Enabled() const override { return enabled_; }
-    void setEnabled(bool enabled) override;
+    void setEnabled(bool enabled) override { set(enabled_, enabled, "Enabled", flag(enabled)); }
     bool Visible() const override { return visible_; }
-    void setVisible(bool visible) override;
+    void setVisible(bool visible) override { set(visible_, visible, "Visible", flag(visible)); }
+
+    static QString flag(bool value) { return value ? QStringLiteral("1") : QStringLiteral("0"); }
 
 private:
+    // Logs "Command(Name).Property=value" and sets the property.
+    template <typename T>
+    void set(T& field, const T& value, const char* property, const QString& text)
+    {
+        log_ << QStringLiteral("Command(%1).%2=%3").arg(name_, QLatin1String(property), text);
+        field = value;
+    }
+
     QStringList& log_;
     QString name_, caption_, voice_;
     bool enabled_, visible_;
@@ -52,11 +66,23 @@ class FakeCommands : public platform::AgentCommands
 public:
     explicit FakeCommands(FakeAgent& agent) : agent_(agent) {}
     QString Caption() const override { return caption_; }
-    void setCaption(const QString& caption) override;
+    void setCaption(const QString& caption) override
+    {
+        log("Caption", caption);
+        caption_ = caption;
+    }
     QString Voice() const override { return voice_; }
-    void setVoice(const QString& voice) override;
+    void setVoice(const QString& voice) override
+    {
+        log("Voice", voice);
+        voice_ = voice;
+    }
     bool Visible() const override { return visible_; }
-    void setVisible(bool visible) override;
+    void setVisible(bool visible) override
+    {
+        log("Visible", FakeCommand::flag(visible));
+        visible_ = visible;
+    }
     void Add(const QString& name, const QString& caption, const QString& voice, bool enabled,
              bool visible) override;
     void RemoveAll() override;
@@ -65,6 +91,8 @@ public:
     platform::AgentCommand& At(int index) override { return *entries_.at(size_t(index)); }
 
 private:
+    // Logs "Commands.Property=value", unless the call is set to fail.
+    void log(const QString& property, const QString& value);
     FakeAgent& agent_;
     QString caption_, voice_;
     bool visible_ = true;
@@ -76,7 +104,11 @@ class FakeBalloon : public platform::AgentBalloon
 public:
     explicit FakeBalloon(QStringList& log) : log_(log) {}
     bool Visible() const override { return visible; }
-    void setVisible(bool v) override;
+    void setVisible(bool v) override
+    {
+        log_ << QStringLiteral("Balloon.Visible=") + FakeCommand::flag(v);
+        visible = v;
+    }
     bool visible = false;
 
 private:
@@ -88,11 +120,17 @@ class FakeCharacter : public platform::AgentCharacter
 public:
     explicit FakeCharacter(FakeAgent& agent, QString file);
 
-    platform::Request Speak(const QString& text) override;
+    platform::Request Speak(const QString& text) override { return request("Speak(" + text + ")"); }
     platform::Request Play(const QString& animation) override;
-    platform::Request Show(bool fast) override;
-    platform::Request Hide() override;
-    platform::Request MoveTo(std::int16_t x, std::int16_t y) override;
+    platform::Request Show(bool fast) override
+    {
+        return request("Show(" + FakeCommand::flag(fast) + ")");
+    }
+    platform::Request Hide() override { return request("Hide()"); }
+    platform::Request MoveTo(std::int16_t x, std::int16_t y) override
+    {
+        return request(QStringLiteral("MoveTo(%1,%2)").arg(x).arg(y));
+    }
 
     bool Visible() const override { return visible; }
     QString Name() const override { return name; }
@@ -101,8 +139,8 @@ public:
     int Pitch() const override { return pitch; }
     int Speed() const override { return speed; }
     bool HasOtherClients() const override { return hasOtherClients; }
-    void setIdleOn(bool on) override;
-    void setSoundEffectsOn(bool on) override;
+    void setIdleOn(bool on) override { idleOn = log("IdleOn=", on); }
+    void setSoundEffectsOn(bool on) override { soundEffectsOn = log("SoundEffectsOn=", on); }
     platform::AgentBalloon& Balloon() override { return balloon; }
     platform::AgentCommands& Commands() override { return commands; }
 
@@ -124,6 +162,7 @@ public:
 
 private:
     platform::Request request(const QString& call);
+    bool log(const char* property, bool on);
     FakeAgent& agent_;
 };
 
@@ -146,9 +185,21 @@ class FakeAgent : public platform::Agent
 public:
     FakeAgent();
 
-    bool AudioOutputEnabled() const override;
-    bool SpeechInputInstalled() const override;
-    bool SpeechInputEnabled() const override;
+    bool AudioOutputEnabled() const override
+    {
+        throwIfFailing(QStringLiteral("AudioOutput.Enabled"));
+        return audioOutputEnabled;
+    }
+    bool SpeechInputInstalled() const override
+    {
+        throwIfFailing(QStringLiteral("SpeechInput.Installed"));
+        return speechInputInstalled;
+    }
+    bool SpeechInputEnabled() const override
+    {
+        throwIfFailing(QStringLiteral("SpeechInput.Enabled"));
+        return speechInputEnabled;
+    }
     void setPropertySheetPage(const QString& page) override;
     void setPropertySheetVisible(bool visible) override;
     platform::AgentCharacters& Characters() override { return characters; }
@@ -187,13 +238,16 @@ public:
     FakeCharacter* character(const QString& id = QStringLiteral("G"));
 
     // Raising the events, as the control would.
-    void raiseClick(int button, const QString& id = QStringLiteral("G"));
+    void raiseClick(int button, const QString& id = QStringLiteral("G"))
+    {
+        events->Agent1_Click(id, button, 0, 0, 0);
+    }
     void raiseShow(const QString& id = QStringLiteral("G"));
     void raiseHide(const QString& id = QStringLiteral("G"));
-    void raiseIdleStart(const QString& id = QStringLiteral("G"));
-    void raiseCommand(const QString& name);
-    void raiseShutdown();
-    void raiseError(const platform::RuntimeError& error);
+    void raiseIdleStart(const QString& id = QStringLiteral("G")) { events->Agent1_IdleStart(id); }
+    void raiseCommand(const QString& name) { events->Agent1_Command({name}); }
+    void raiseShutdown() { events->Agent1_Shutdown(); }
+    void raiseError(const platform::RuntimeError& error) { events->Agent1_Error(error); }
 
     platform::AgentEvents* events = nullptr;
     FakeCharacters characters;

@@ -15,15 +15,13 @@ FakeStore::Value* FakeStore::find(Key& key, const QString& name)
     return nullptr;
 }
 
-long FakeStore::RegOpenKeyA(std::uint32_t, const QString& path, Handle& key)
+long FakeStore::RegOpenKeyA(std::uint32_t hive, const QString& path, Handle& key)
 {
     if (!keys_.count(path.toLower())) {
         key = 0;
         return NotFound;
     }
-    key = next_++;
-    open_[key] = path.toLower();
-    return Success;
+    return RegCreateKeyA(hive, path, key);
 }
 
 long FakeStore::RegCreateKeyA(std::uint32_t, const QString& path, Handle& key)
@@ -56,14 +54,8 @@ long FakeStore::RegSetValueExA(Handle key, const QString& name, std::uint32_t ty
     const auto it = open_.find(key);
     if (it == open_.end())
         return NotFound;
-    Key& values = keys_[it->second];
     writes << name;
-    if (Value* v = find(values, name)) {
-        v->type = type;
-        v->data = data;
-    } else {
-        values.push_back({name, type, data});
-    }
+    set(keys_[it->second], name, type, data);
     return Success;
 }
 
@@ -93,13 +85,15 @@ void FakeStore::setValue(const QString& name, const QString& text)
 
 void FakeStore::setRaw(const QString& name, std::uint32_t type, const QByteArray& data)
 {
-    Key& values = keys_[programKey];
-    if (Value* v = find(values, name)) {
-        v->type = type;
-        v->data = data;
-    } else {
-        values.push_back({name, type, data});
-    }
+    set(keys_[programKey], name, type, data);
+}
+
+void FakeStore::set(Key& key, const QString& name, std::uint32_t type, const QByteArray& data)
+{
+    if (Value* v = find(key, name))
+        *v = {v->name, type, data};
+    else
+        key.push_back({name, type, data});
 }
 
 int FakeStore::valueCount() const
@@ -119,6 +113,23 @@ platform::BoxAnswer FakeDialogs::MsgBox(platform::BoxIcon icon, platform::BoxBut
     const platform::BoxAnswer answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+QStringList FakeDialogs::titles() const
+{
+    QStringList found;
+    for (const Box& box : boxes)
+        found << box.title;
+    return found;
+}
+
+QStringList FakeDialogs::texts(const QString& title) const
+{
+    QStringList found;
+    for (const Box& box : boxes)
+        if (box.title == title)
+            found << box.text;
+    return found;
 }
 
 QString FakeDialogs::OpenFile(const platform::OpenFileRequest& request)

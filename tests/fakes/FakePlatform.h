@@ -48,6 +48,7 @@ private:
     };
     using Key = std::vector<Value>;
     Value* find(Key& key, const QString& name);
+    void set(Key& key, const QString& name, std::uint32_t type, const QByteArray& data);
     std::map<QString, Key> keys_;
     std::map<Handle, QString> open_;
     Handle next_ = 1;
@@ -69,6 +70,9 @@ public:
     QString OpenFile(const platform::OpenFileRequest& request) override;
 
     std::vector<Box> boxes;
+    QStringList titles() const;
+    // The texts of the boxes with this title.
+    QStringList texts(const QString& title) const;
     // Answers given in turn; OK when none is left.
     std::deque<platform::BoxAnswer> answers;
     std::vector<platform::OpenFileRequest> fileRequests;

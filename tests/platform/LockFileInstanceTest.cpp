@@ -6,38 +6,22 @@
 
 using platform::LockFileInstance;
 
-namespace
-{
-
 TEST(LockFileInstanceTest, SecondInstanceSeesTheFirstUntilItGoes)
 {
     QTemporaryDir dir;
-    const QString lock = dir.path() + QStringLiteral("/quorl.lock");
+    const QString lock = dir.path() + "/quorl.lock";
     auto first = std::make_unique<LockFileInstance>(lock);
     EXPECT_FALSE(first->PreviousInstanceRunning());
     EXPECT_FALSE(first->PreviousInstanceRunning()) << "asking again must not see itself";
-
-    LockFileInstance second(lock);
-    EXPECT_TRUE(second.PreviousInstanceRunning());
-
+    EXPECT_TRUE(LockFileInstance(lock).PreviousInstanceRunning());
     first->Release();
     EXPECT_FALSE(QFile::exists(lock)) << "the end leaves no lock file behind";
-    LockFileInstance third(lock);
-    EXPECT_FALSE(third.PreviousInstanceRunning());
-}
+    EXPECT_FALSE(LockFileInstance(lock).PreviousInstanceRunning());
 
-TEST(LockFileInstanceTest, LockLeftByADeadProgramIsTakenOver)
-{
-    QTemporaryDir dir;
-    const QString lock = dir.path() + QStringLiteral("/quorl.lock");
-    {
-        QFile file(lock);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        // The format QLockFile writes: pid, application name, host name.
-        file.write("999999\nquorl\n" + QSysInfo::machineHostName().toUtf8() + "\n");
-    }
-    LockFileInstance instance(lock);
-    EXPECT_FALSE(instance.PreviousInstanceRunning());
+    // A lock left by a dead program, in the format QLockFile writes: pid, name, host name.
+    QFile file(lock);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("999999\nquorl\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    file.close();
+    EXPECT_FALSE(LockFileInstance(lock).PreviousInstanceRunning());
 }
-
-} // namespace

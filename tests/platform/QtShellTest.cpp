@@ -2,16 +2,13 @@
 
 #include "platform/RuntimeError.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QThread>
+#include <QTest>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 using platform::QtShell;
+using namespace Qt::StringLiterals;
 
 class QtShellTest : public ::testing::Test
 {
@@ -30,18 +27,13 @@ protected:
         return path;
     }
 
-    // What the started script wrote, once it has run; empty if it never did.
+    // What the started script wrote, once it has run; empty if it never did (a generous bound
+    // that only a program that never started reaches).
     QByteArray waitForRun()
     {
-        QFile ran(dir.filePath(QStringLiteral("ran")));
-        // A generous bound that only a program that never started reaches.
-        const QDeadlineTimer deadline(20000);
-        while (!deadline.hasExpired()) {
-            if (ran.exists() && ran.size() > 0 && ran.open(QIODevice::ReadOnly))
-                return ran.readAll();
-            QThread::msleep(20);
-        }
-        return {};
+        QFile ran(dir.filePath("ran"));
+        (void)QTest::qWaitFor([&] { return ran.size() > 0; }, 20000);
+        return ran.open(QIODevice::ReadOnly) ? ran.readAll() : QByteArray();
     }
 
     QTemporaryDir dir;
@@ -49,20 +41,17 @@ protected:
 
 TEST_F(QtShellTest, ACommandLineIsSplitAsAShellSplitsIt)
 {
-    const QString spaced = makeScript(QStringLiteral("my tool.sh"));
+    const QString spaced = makeScript(u"my tool.sh"_s);
     const std::pair<QString, QStringList> cases[] = {
-        {QStringLiteral("gedit"), {QStringLiteral("gedit")}},
-        {QStringLiteral("  gedit  --new-window  "),
-         {QStringLiteral("gedit"), QStringLiteral("--new-window")}},
-        {QStringLiteral("xdg-open \"/home/a b/c.txt\" x"),
-         {QStringLiteral("xdg-open"), QStringLiteral("/home/a b/c.txt"), QStringLiteral("x")}},
-        {QStringLiteral("\"") + spaced + QStringLiteral("\" arg"), {spaced, QStringLiteral("arg")}},
+        {u"gedit"_s, {u"gedit"_s}},
+        {u"  gedit  --new-window  "_s, {u"gedit"_s, u"--new-window"_s}},
+        {u"xdg-open \"/home/a b/c.txt\" x"_s, {u"xdg-open"_s, u"/home/a b/c.txt"_s, u"x"_s}},
+        {u"\""_s + spaced + u"\" arg"_s, {spaced, u"arg"_s}},
         // A text that names an executable file whole is that file, blanks and all.
         {spaced, {spaced}},
-        {QStringLiteral("  ") + spaced + QStringLiteral(" "), {spaced}},
-        {dir.filePath(QStringLiteral("missing tool")),
-         {dir.filePath(QStringLiteral("missing")), QStringLiteral("tool")}},
-        {QStringLiteral("   "), {}},
+        {u"  "_s + spaced + u" "_s, {spaced}},
+        {dir.filePath(u"missing tool"_s), {dir.filePath(u"missing"_s), u"tool"_s}},
+        {u"   "_s, {}},
     };
     for (const auto& [text, parts] : cases)
         EXPECT_EQ(QtShell::splitCommandLine(text), parts) << text.toStdString();
@@ -70,7 +59,7 @@ TEST_F(QtShellTest, ACommandLineIsSplitAsAShellSplitsIt)
 
 TEST_F(QtShellTest, OnlyTheFirst255CharactersCount)
 {
-    const QString text = QStringLiteral("prog ") + QString(300, QLatin1Char('a'));
+    const QString text = u"prog "_s + QString(300, QLatin1Char('a'));
     const QStringList parts = QtShell::splitCommandLine(text);
     ASSERT_EQ(parts.size(), 2);
     EXPECT_EQ(parts[1].size(), 250);
@@ -78,26 +67,25 @@ TEST_F(QtShellTest, OnlyTheFirst255CharactersCount)
 
 TEST_F(QtShellTest, AStartedProgramGetsItsArguments)
 {
-    const QString script = makeScript(QStringLiteral("tool.sh"));
-    QtShell().StartCommandLine(script + QStringLiteral(" one \"two three\""));
-    EXPECT_EQ(waitForRun(), QByteArray("one|two three|"));
-}
-
-TEST_F(QtShellTest, AProgramWithBlanksInItsNameStartsWhole)
-{
-    const QString script = makeScript(QStringLiteral("my tool.sh"));
-    QtShell().StartCommandLine(QStringLiteral(" ") + script + QStringLiteral(" "));
-    EXPECT_EQ(waitForRun(), QByteArray("|"));
+    const std::pair<QString, QByteArray> cases[] = {
+        {makeScript("tool.sh") + " one \"two three\"", "one|two three|"},
+        // A program with blanks in its name starts whole.
+        {" " + makeScript("my tool.sh") + " ", "|"}};
+    for (const auto& [commandLine, arguments] : cases) {
+        QFile::remove(dir.filePath("ran"));
+        QtShell().StartCommandLine(commandLine);
+        EXPECT_EQ(waitForRun(), arguments) << commandLine.toStdString();
+    }
 }
 
 TEST_F(QtShellTest, AProgramThatCannotStartRaisesAnErrorThatSaysWhy)
 {
-    const QString notExecutable = makeScript(QStringLiteral("plain.sh"), QFileDevice::ReadOwner);
+    const QString notExecutable = makeScript(u"plain.sh"_s, QFileDevice::ReadOwner);
     const QString cases[] = {
-        QStringLiteral("no-such-program-quorl-test --flag"),
-        dir.filePath(QStringLiteral("missing")) + QStringLiteral(" arg"),
+        u"no-such-program-quorl-test --flag"_s,
+        dir.filePath(u"missing"_s) + u" arg"_s,
         notExecutable,
-        QStringLiteral("   "),
+        u"   "_s,
     };
     for (const QString& text : cases) {
         try {
@@ -109,5 +97,3 @@ TEST_F(QtShellTest, AProgramThatCannotStartRaisesAnErrorThatSaysWhy)
         }
     }
 }
-
-} // namespace

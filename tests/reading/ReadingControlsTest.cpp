@@ -8,185 +8,159 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
-namespace
-{
-
-using platform::AgentRequest;
-
 struct ReadingControlsTest : ReadingFixture, ::testing::Test {
     // Speaks the first line of a file and leaves its request in progress.
     void readFirstLine(const QByteArray& bytes)
     {
         readFile(bytes);
         Timer2_Timer(app);
-        fp.agent->lastRequest()->status = AgentRequest::InProgress;
+        fp.agent->lastRequest()->status = platform::AgentRequest::InProgress;
     }
-    void finishSpeech() { fp.agent->lastRequest()->status = AgentRequest::Complete; }
 };
 
 TEST_F(ReadingControlsTest, PauseAndContinueCaptions)
 {
-    const QString longText = QString(300, QLatin1Char('x'));
-    struct Case {
-        const char* name;
-        bool clip;
-        QString reading;
-    };
-    const Case cases[] = {
-        {"file", false, QStringLiteral("Quorl - Reading ")},
-        {"clipboard", true, QStringLiteral("Quorl - Reading From Clip Board")},
-    };
-    for (const Case& c : cases) {
-        app.AnimateRead = QStringLiteral("1");
-        if (c.clip) {
-            SayText(app, longText, false);
-        } else {
+    for (const bool clip : {false, true}) {
+        SCOPED_TRACE(clip ? "clipboard" : "file");
+        app.AnimateRead = "1";
+        if (clip)
+            SayText(app, QString(300, 'x'), false);
+        else
             readFile("one\ntwo\n");
-        }
-        const QString reading = c.clip ? c.reading : c.reading + form().ReadFileName;
+        const QString reading =
+            clip ? "Quorl - Reading From Clip Board" : "Quorl - Reading " + form().ReadFileName;
         const platform::Request waitedFor = app.LastRequest;
 
         cmdCont_Click(app);
-        EXPECT_FALSE(form().Timer2->isActive()) << c.name;
-        EXPECT_EQ(form().cmdCont->text(), QStringLiteral("&Continue")) << c.name;
-        EXPECT_EQ(form().windowTitle(), reading + QStringLiteral(" (Paused)")) << c.name;
+        EXPECT_FALSE(form().Timer2->isActive());
+        EXPECT_EQ(form().cmdCont->text(), "&Continue");
+        EXPECT_EQ(form().windowTitle(), reading + " (Paused)");
 
         fp.agent->calls.clear();
         cmdCont_Click(app);
-        EXPECT_TRUE(form().Timer2->isActive()) << c.name;
-        EXPECT_EQ(form().cmdCont->text(), QStringLiteral("&Pause")) << c.name;
-        EXPECT_EQ(form().windowTitle(), reading) << c.name;
-        EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)"})) << c.name;
-        EXPECT_EQ(app.LastRequest, waitedFor) << c.name << ": the animation's request is kept";
+        EXPECT_TRUE(form().Timer2->isActive());
+        EXPECT_EQ(form().cmdCont->text(), "&Pause");
+        EXPECT_EQ(form().windowTitle(), reading);
+        EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)"}));
+        EXPECT_EQ(app.LastRequest, waitedFor) << "the animation's request is kept";
         cmdStop_Click(app);
     }
 }
 
-TEST_F(ReadingControlsTest, PauseLetsThePieceEndAndFeedsNoMore)
+// Steps: p = the pause button, n = Next, f = the speech in progress finishes, t = a tick,
+// e = ticks to the end of the reading. Every case reads to the end of its file.
+TEST_F(ReadingControlsTest, PauseAndNext)
 {
-    readFirstLine("one\ntwo\n");
-    cmdCont_Click(app);
-    finishSpeech();
-    EXPECT_EQ(spoken(), QStringList({"one"}));
-    cmdCont_Click(app);
-    Timer2_Timer(app);
-    EXPECT_EQ(spoken(), QStringList({"one", "two"}));
-}
-
-TEST_F(ReadingControlsTest, NextOntoTheLastLineDuringSpeech)
-{
-    readFirstLine("one\ntwo\n");
-    cmdNext_Click(app);
-    EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("two"));
-    EXPECT_EQ(Tag(form().cmdNext), QStringLiteral("1"));
-    Timer2_Timer(app);
-    EXPECT_FALSE(form().Timer2->isActive()) << "the reading ends on the next tick";
-    EXPECT_EQ(spoken(), QStringList({"one"}));
-}
-
-TEST_F(ReadingControlsTest, NextOntoTheLastLineWhilePaused)
-{
-    readFirstLine("one\ntwo\n");
-    cmdCont_Click(app);
-    cmdNext_Click(app);
-    finishSpeech();
-    cmdCont_Click(app);
-    Timer2_Timer(app);
-    EXPECT_EQ(spoken(), QStringList({"one", "two"}));
-    EXPECT_FALSE(form().Timer2->isActive());
-}
-
-TEST_F(ReadingControlsTest, EachNextSkipsOneLineAndEmptyLines)
-{
-    readFirstLine("one\ntwo\n\n\nfour\nfive\n");
-    cmdNext_Click(app);
-    cmdNext_Click(app);
-    EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("four"));
-    finishSpeech();
-    Timer2_Timer(app);
-    Timer2_Timer(app);
-    EXPECT_EQ(spoken(), QStringList({"one", "four", "five"}));
-}
-
-TEST_F(ReadingControlsTest, NextDuringALongLineDropsItsRest)
-{
-    readFirstLine(QByteArray(500, 'a') + "\nnext\n");
-    cmdNext_Click(app);
-    finishSpeech();
-    tickToEnd();
-    EXPECT_EQ(spoken(), QStringList({QString(200, QLatin1Char('a')), "next"}));
+    const QString a200(200, 'a');
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        const char* steps;
+        QString textAfterNext;
+        QStringList spoken;
+    } cases[] = {
+        {"pause lets the piece end, continue reads on", "one\ntwo\n", "pfpt", "", {"one", "two"}},
+        {"onto the last line during speech", "one\ntwo\n", "nt", "two", {"one"}},
+        {"onto the last line while paused", "one\ntwo\n", "pnfpt", "two", {"one", "two"}},
+        {"each skips one line and empty lines",
+         "one\ntwo\n\n\nfour\nfive\n",
+         "nnftt",
+         "four",
+         {"one", "four", "five"}},
+        {"during a long line drops its rest",
+         QByteArray(500, 'a') + "\nnext\n",
+         "nfe",
+         "next",
+         {a200, "next"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        ReadingFixture f;
+        f.fp.dialogs.files.push_back(f.writeFile(c.bytes));
+        mnuFileRead_Click(f.app);
+        Timer2_Timer(f.app);
+        f.fp.agent->lastRequest()->status = platform::AgentRequest::InProgress;
+        QString textAfterNext;
+        for (const char* step = c.steps; *step; ++step) {
+            switch (*step) {
+            case 'p':
+                cmdCont_Click(f.app);
+                break;
+            case 'n':
+                cmdNext_Click(f.app);
+                textAfterNext = f.form().txtText->toPlainText();
+                break;
+            case 'f':
+                f.fp.agent->lastRequest()->status = platform::AgentRequest::Complete;
+                break;
+            case 't':
+                Timer2_Timer(f.app);
+                break;
+            case 'e':
+                f.tickToEnd();
+                break;
+            }
+        }
+        EXPECT_EQ(textAfterNext, c.textAfterNext);
+        EXPECT_EQ(f.spoken(), c.spoken);
+        EXPECT_FALSE(f.form().Timer2->isActive()) << "the reading has ended";
+    }
 }
 
 TEST_F(ReadingControlsTest, NextAtTheEndOfTheFile)
 {
     readFirstLine("one\ntwo\n");
     cmdNext_Click(app);
+    EXPECT_EQ(Tag(form().cmdNext), "1");
     cmdNext_Click(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Finished Reading"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("End of File"));
-    EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("two"));
-    EXPECT_EQ(app.LineBuffer.toString(), QStringLiteral("two"));
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "Finished Reading");
+    EXPECT_EQ(fp.dialogs.boxes[0].text, "End of File");
+    EXPECT_EQ(form().txtText->toPlainText(), "two");
+    EXPECT_EQ(app.LineBuffer.toString(), "two");
 }
 
 TEST_F(ReadingControlsTest, TalkReadsTheTextBox)
 {
-    struct Case {
-        const char* name;
-        QString animate;
-        QString text;
+    const QString line = R"(Speak(\chr="normal"\Hello))";
+    const struct {
+        QString animate, text;
         QStringList calls;
+    } cases[] = {
+        {"1", "", {"Play(Read)", "Play(ReadReturn)"}},
+        {"1", "Hello", {"Play(Read)", line, "Play(ReadReturn)"}},
+        {"0", "Hello", {line}},
     };
-    const QString line = QStringLiteral("Speak(\\chr=\"normal\"\\Hello)");
-    const Case cases[] = {
-        {"empty box, animation on", "1", "", {"Play(Read)", "Play(ReadReturn)"}},
-        {"animation on", "1", "Hello", {"Play(Read)", line, "Play(ReadReturn)"}},
-        {"animation off", "0", "Hello", {line}},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         fp.agent->calls.clear();
         app.AnimateRead = c.animate;
         form().txtText->setPlainText(c.text);
         cmdTalk_Click(app);
-        EXPECT_EQ(fp.agent->calls, c.calls) << c.name;
-        EXPECT_EQ(app.LastRequest, fp.agent->lastRequest()) << c.name;
+        EXPECT_EQ(fp.agent->calls, c.calls) << c.animate.toStdString() << c.text.toStdString();
+        EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
     }
-}
-
-TEST_F(ReadingControlsTest, LongTextBoxBecomesAClipboardReading)
-{
-    form().txtText->setPlainText(QString(201, QLatin1Char('y')));
+    // A long text becomes a clipboard reading.
+    form().txtText->setPlainText(QString(201, 'y'));
     cmdTalk_Click(app);
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading From Clip Board"));
+    EXPECT_EQ(form().windowTitle(), "Quorl - Reading From Clip Board");
     EXPECT_TRUE(app.ReadingClip);
     EXPECT_FALSE(form().cmdNext->isEnabled());
 }
 
-TEST_F(ReadingControlsTest, ReadFromClipboard)
+TEST_F(ReadingControlsTest, ReadFromClipboardAndTheIgnoreBox)
 {
     form().chkIgnore->setChecked(true);
-    form().txtIgnore->setText(QStringLiteral(">"));
-    form().txtIgnore1->setText(QStringLiteral("*"));
-    struct Case {
-        const char* name;
-        QString clipboard;
-        QStringList spoken;
-    };
-    const Case cases[] = {
-        {"empty clipboard", "", {}},
-        {"ignored characters dropped", "> quoted *text*", {" quoted text"}},
-    };
-    for (const Case& c : cases) {
+    form().txtIgnore->setText(">");
+    form().txtIgnore1->setText("*");
+    const std::pair<QString, QStringList> cases[] = {{"", {}},
+                                                     {"> quoted *text*", {" quoted text"}}};
+    for (const auto& [clipboard, spoken] : cases) {
         fp.agent->calls.clear();
-        fp.clipboard.text = c.clipboard;
+        fp.clipboard.text = clipboard;
         Read_Click(app);
-        EXPECT_EQ(spoken(), c.spoken) << c.name;
+        EXPECT_EQ(this->spoken(), spoken) << clipboard.toStdString();
     }
-}
-
-TEST_F(ReadingControlsTest, IgnoreBoxFollowsItsCheckBox)
-{
     for (const bool on : {true, false}) {
         form().chkIgnore->setChecked(on);
         chkIgnore_Click(app);
@@ -194,5 +168,3 @@ TEST_F(ReadingControlsTest, IgnoreBoxFollowsItsCheckBox)
         EXPECT_EQ(form().txtIgnore1->isEnabled(), on);
     }
 }
-
-} // namespace

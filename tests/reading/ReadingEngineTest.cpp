@@ -1,7 +1,6 @@
 #include "ReadingFixture.h"
 #include "character/SayText.h"
 #include "core/Controls.h"
-#include "fakes/FakePlatform.h"
 
 #include <QAction>
 #include <QPlainTextEdit>
@@ -9,36 +8,32 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
-namespace
-{
-
 using platform::AgentRequest;
 
 struct ReadingEngineTest : ReadingFixture, ::testing::Test {
     bool idle()
     {
-        return Tag(form().mnuFileRead) == QLatin1String("0") && !app.ReadingClip &&
-               !form().Timer2->isActive() && form().windowTitle() == QLatin1String("Quorl") &&
-               form().mnuFileRead->isEnabled() && !form().cmdStop->isEnabled() &&
-               !form().cmdNext->isEnabled() && !form().cmdCont->isEnabled();
+        return Tag(form().mnuFileRead) == "0" && !app.ReadingClip && !form().Timer2->isActive() &&
+               form().windowTitle() == "Quorl" && form().mnuFileRead->isEnabled() &&
+               !form().cmdStop->isEnabled() && !form().cmdNext->isEnabled() &&
+               !form().cmdCont->isEnabled();
     }
 };
 
 TEST_F(ReadingEngineTest, StartingAFileReading)
 {
-    app.AnimateRead = QStringLiteral("1");
+    app.AnimateRead = "1";
     fp.agent->character()->visible = false;
     readFile("one\n");
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
-    EXPECT_EQ(fp.dialogs.fileRequests[0].filter,
-              QStringLiteral("Text Files (*.txt) |*.txt|All Files (*.*) |*.*"));
-    EXPECT_EQ(fp.dialogs.fileRequests[0].title, QStringLiteral("Open Text File to Read.."));
+    EXPECT_EQ(fp.dialogs.fileRequests[0].filter, "Text Files (*.txt) |*.txt|All Files (*.*) |*.*");
+    EXPECT_EQ(fp.dialogs.fileRequests[0].title, "Open Text File to Read..");
     EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)", "Show(0)"}));
     EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
     EXPECT_TRUE(form().Timer2->isActive());
-    EXPECT_EQ(Tag(form().mnuFileRead), QStringLiteral("1"));
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading ") + form().ReadFileName);
-    EXPECT_TRUE(form().ReadFileName.endsWith(QStringLiteral("text.txt")));
+    EXPECT_EQ(Tag(form().mnuFileRead), "1");
+    EXPECT_EQ(form().windowTitle(), "Quorl - Reading " + form().ReadFileName);
+    EXPECT_TRUE(form().ReadFileName.endsWith("text.txt"));
 }
 
 // On a window of its own: the wiring holds these entries disabled while their windows are
@@ -61,41 +56,37 @@ TEST(ReadingEngineAloneTest, CancelledDialogFreesTheOptions)
     EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
-TEST_F(ReadingEngineTest, FileThatCannotBeOpened)
+TEST_F(ReadingEngineTest, FileThatCannotBeOpenedOrAFailingAnimationEndsTheReading)
 {
-    fp.dialogs.files.push_back(dir.filePath(QStringLiteral("gone.txt")));
+    fp.dialogs.files.push_back(dir.filePath("gone.txt"));
     mnuFileRead_Click(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Critical);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("File Error"));
-    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("File not found"));
-    EXPECT_EQ(Tag(form().mnuFileRead), QStringLiteral("0"));
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "File Error");
+    EXPECT_EQ(fp.dialogs.boxes[0].text, "File not found");
+    EXPECT_EQ(Tag(form().mnuFileRead), "0");
     EXPECT_FALSE(form().Timer2->isActive());
     EXPECT_FALSE(app.ReadingFile.isOpen());
-}
 
-TEST_F(ReadingEngineTest, FailingAnimationClosesTheFile)
-{
-    app.AnimateRead = QStringLiteral("1");
-    fp.agent->failCalls(QStringLiteral("Play(Read)"),
-                        platform::RuntimeError(-2147213303, platform::AgentSource,
-                                               QStringLiteral("No such animation")));
+    app.AnimateRead = "1";
+    fp.agent->failCalls("Play(Read)", platform::RuntimeError(-2147213303, platform::AgentSource,
+                                                             "No such animation"));
     readFile("one\n");
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].text, QStringLiteral("No such animation"));
+    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
+    EXPECT_EQ(fp.dialogs.boxes[1].text, "No such animation");
     EXPECT_FALSE(app.ReadingFile.isOpen());
     EXPECT_FALSE(form().Timer2->isActive());
 }
 
 TEST_F(ReadingEngineTest, OneLineFileEndsOnTheTickThatSpeaksIt)
 {
-    app.AnimateRead = QStringLiteral("1");
+    app.AnimateRead = "1";
     readFile("Hello there.\r\n");
     Timer2_Timer(app);
     EXPECT_EQ(spoken(), QStringList({"Hello there."}));
     EXPECT_TRUE(idle());
-    EXPECT_EQ(fp.agent->calls.back(), QStringLiteral("Play(ReadReturn)"));
-    EXPECT_EQ(form().txtText->toPlainText(), QStringLiteral("Hello there."));
+    EXPECT_EQ(fp.agent->calls.back(), "Play(ReadReturn)");
+    EXPECT_EQ(form().txtText->toPlainText(), "Hello there.");
     EXPECT_FALSE(app.ReadingFile.isOpen());
 }
 
@@ -166,7 +157,7 @@ TEST_F(ReadingEngineTest, LongLineInPiecesEndsWithItsLastPiece)
 {
     QString line;
     while (line.size() < 1000)
-        line += QStringLiteral("word%1 ").arg(line.size());
+        line += QString("word%1 ").arg(line.size());
     readFile(line.toUtf8() + "\n");
     const int ticks = tickToEnd();
     const QStringList pieces = spoken();
@@ -192,12 +183,12 @@ TEST_F(ReadingEngineTest, HugeLineWithoutSpaces)
         ASSERT_EQ(pieces[i].size(), 200) << i;
     EXPECT_EQ(pieces[750].size(), 11);
     EXPECT_EQ(pieces.mid(0, 751).join(QString()), line);
-    EXPECT_EQ(pieces.back(), QStringLiteral("after"));
+    EXPECT_EQ(pieces.back(), "after");
 }
 
 TEST_F(ReadingEngineTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
 {
-    readFile(QByteArray(1000, 'a') + "\nold second\n", QStringLiteral("old.txt"));
+    readFile(QByteArray(1000, 'a') + "\nold second\n", "old.txt");
     Timer2_Timer(app);
     Timer2_Timer(app);
     EXPECT_EQ(form().Splitting, 1);
@@ -205,7 +196,7 @@ TEST_F(ReadingEngineTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
     EXPECT_TRUE(idle());
 
     fp.agent->calls.clear();
-    readFile("new first\nnew second\n", QStringLiteral("new.txt"));
+    readFile("new first\nnew second\n", "new.txt");
     tickToEnd();
     EXPECT_EQ(spoken(), QStringList({"new first", "new second"}));
 }
@@ -234,11 +225,11 @@ TEST_F(ReadingEngineTest, LongTextIsReadInPiecesWithItsOwnMargin)
 {
     QString text;
     for (int i = 0; text.size() < 40000; ++i)
-        text += QStringLiteral("%1 ").arg(i);
+        text += QString("%1 ").arg(i);
     text.truncate(40000);
     SayText(app, text, false);
     EXPECT_EQ(form().ProgressBar1->maximum(), 32710);
-    EXPECT_EQ(form().windowTitle(), QStringLiteral("Quorl - Reading From Clip Board"));
+    EXPECT_EQ(form().windowTitle(), "Quorl - Reading From Clip Board");
     int highest = 0;
     while (form().Timer2->isActive()) {
         Timer2_Timer(app);
@@ -256,13 +247,12 @@ TEST_F(ReadingEngineTest, LongTextIsReadInPiecesWithItsOwnMargin)
 TEST_F(ReadingEngineTest, FailingTickIsReportedAndTheTimerRunsOn)
 {
     readFile("one\ntwo\n");
-    fp.agent->failCalls(QStringLiteral("Speak("),
-                        platform::RuntimeError(-2147024809, platform::AgentSource,
-                                               QStringLiteral("The parameter is incorrect.")));
+    fp.agent->failCalls("Speak(", platform::RuntimeError(-2147024809, platform::AgentSource,
+                                                         "The parameter is incorrect."));
     Timer2_Timer(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, QStringLiteral("Unknown Error"));
-    EXPECT_TRUE(fp.dialogs.boxes[0].text.contains(QStringLiteral("( 2 ) -2147024809")))
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "Unknown Error");
+    EXPECT_TRUE(fp.dialogs.boxes[0].text.contains("( 2 ) -2147024809"))
         << fp.dialogs.boxes[0].text.toStdString();
     EXPECT_TRUE(form().Timer2->isActive());
 }
@@ -270,7 +260,7 @@ TEST_F(ReadingEngineTest, FailingTickIsReportedAndTheTimerRunsOn)
 // Clicks and timer events run while a piece is cut.
 TEST_F(ReadingEngineTest, EventsDuringATick)
 {
-    app.AnimateRead = QStringLiteral("1");
+    app.AnimateRead = "1";
     readFile(QByteArray(1000, 'a') + "\nsecond\n");
     QMetaObject::invokeMethod(
         &form(), [this] { Timer2_Timer(app); }, Qt::QueuedConnection);
@@ -282,7 +272,7 @@ TEST_F(ReadingEngineTest, EventsDuringATick)
     Timer2_Timer(app);
     EXPECT_TRUE(idle());
     EXPECT_EQ(spoken().size(), 2) << "the piece cut when Stop came still goes out";
-    EXPECT_EQ(fp.agent->calls.filter(QStringLiteral("ReadReturn")).size(), 1);
+    EXPECT_EQ(fp.agent->calls.filter("ReadReturn").size(), 1);
 }
 
 TEST_F(ReadingEngineTest, WithoutACharacterTheRoutinesRaiseError91)
@@ -310,4 +300,3 @@ TEST_F(ReadingEngineTest, WithoutACharacterTheRoutinesRaiseError91)
     EXPECT_FALSE(form().FileReadingOn());
 }
 
-} // namespace

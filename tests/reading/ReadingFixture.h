@@ -15,10 +15,10 @@ struct ReadingFixture : fakes::LoadedProgram {
     ReadingFixture()
     {
         character().visible = true;
-        app.AnimateRead = QStringLiteral("0");
+        app.AnimateRead = "0";
     }
 
-    QString writeFile(const QByteArray& bytes, const QString& name = QStringLiteral("text.txt"))
+    QString writeFile(const QByteArray& bytes, const QString& name = "text.txt")
     {
         const QString path = dir.filePath(name);
         QFile file(path);
@@ -28,7 +28,7 @@ struct ReadingFixture : fakes::LoadedProgram {
     }
 
     // Picks the file in the open dialog of "Read Text File".
-    void readFile(const QByteArray& bytes, const QString& name = QStringLiteral("text.txt"))
+    void readFile(const QByteArray& bytes, const QString& name = "text.txt")
     {
         fp.dialogs.files.push_back(writeFile(bytes, name));
         mnuFileRead_Click(app);

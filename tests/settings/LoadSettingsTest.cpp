@@ -1,11 +1,8 @@
 #include "settings/LoadSettings.h"
 
-#include "core/App.h"
 #include "core/Conversions.h"
-#include "core/frmMain.h"
-#include "fakes/FakePlatform.h"
+#include "fakes/LoadedProgram.h"
 #include "startup/Main.h"
-#include "startup/Wiring.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -14,247 +11,195 @@
 #include <QSlider>
 #include <gtest/gtest.h>
 
-using platform::BoxButtons;
-using platform::BoxIcon;
-
-namespace
-{
-
-const QString Pip = QStringLiteral("/chars/pip.acs");
 // The screen of the fakes: 1024 x 768 pixels at 15 twips per pixel.
-constexpr int ScreenWidth = 15360;
-constexpr int ScreenHeight = 11520;
+constexpr int ScreenWidth = 15360, ScreenHeight = 11520;
 
 // One run of the program up to LoadSettings, with the character file already chosen.
-struct SettingsRun {
-    fakes::FakePlatform fp;
-    App app{fp.platform};
-
-    SettingsRun() { fp.store.setValue(QStringLiteral("Character"), Pip); }
-
-    // The main window and its control as Main leaves them before LoadSettings.
-    void loadSettings()
+struct SettingsRun : fakes::ProgramWindow {
+    // Sets the stored values, then runs LoadSettings as Main does after creating the window.
+    SettingsRun(const std::map<QString, QString>& values = {})
     {
-        app.AppPath = QStringLiteral("/data/quorl");
-        app.Agent1 = fp.platform.createAgent();
-        app.MainForm = std::make_unique<frmMain>(app);
-        WireProgram(app);
+        fp.store.setValue("Character", "/chars/pip.acs");
+        for (const auto& [name, value] : values)
+            fp.store.setValue(name, value);
+        app.AppPath = "/data/quorl";
         LoadSettings(app);
     }
-
-    frmMain& form() { return *app.MainForm; }
-    QString stored(const char* name) const
-    {
-        return fp.store.value(QLatin1String(name)).value_or(QStringLiteral("<missing>"));
-    }
+    QString stored(const QString& name) const { return fp.store.value(name).value_or("<missing>"); }
+    QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
 };
 
-struct LoadSettingsTest : SettingsRun, ::testing::Test {
-};
-
-TEST_F(LoadSettingsTest, FirstRunOnAnEmptyStore)
+TEST(LoadSettingsTest, FirstRunOnAnEmptyStore)
 {
     fakes::FakePlatform fp;
     App app(fp.platform);
-    fp.dialogs.files = {Pip};
+    fp.dialogs.files = {"/chars/pip.acs"};
     Main(app);
     frmMain& f = *app.MainForm;
 
-    EXPECT_EQ(fp.store.value(QStringLiteral("WinX")), QString::number(f.LeftTwips()));
-    EXPECT_EQ(fp.store.value(QStringLiteral("WinY")), QString::number(f.TopTwips()));
+    EXPECT_EQ(fp.store.value("WinX"), QString::number(f.LeftTwips()));
+    EXPECT_EQ(fp.store.value("WinY"), QString::number(f.TopTwips()));
     // Centred with the size it is shown at.
     EXPECT_NEAR(f.TopTwips(), (ScreenHeight - f.HeightTwips()) / 2, 15);
     EXPECT_NEAR(f.LeftTwips(), (ScreenWidth - f.WidthTwips()) / 2, 15);
 
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(box.icon, BoxIcon::Information);
-    EXPECT_EQ(box.buttons, BoxButtons::OK);
-    EXPECT_EQ(box.title, QStringLiteral("Please select a character.."));
-    EXPECT_EQ(box.text, QStringLiteral("This is your first time to run Quorl. Please select a "
-                                       "character to be used."));
+    EXPECT_EQ(box.icon, platform::BoxIcon::Information);
+    EXPECT_EQ(box.buttons, platform::BoxButtons::OK);
+    EXPECT_EQ(box.title, "Please select a character..");
+    EXPECT_EQ(box.text,
+              "This is your first time to run Quorl. Please select a character to be used.");
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
-    EXPECT_EQ(fp.dialogs.fileRequests[0].title, QStringLiteral("Open Character.."));
+    EXPECT_EQ(fp.dialogs.fileRequests[0].title, "Open Character..");
 
-    EXPECT_EQ(fp.store.value(QStringLiteral("Character")), Pip);
-    EXPECT_EQ(fp.store.value(QStringLiteral("Pitch")), QStringLiteral("120"));
-    EXPECT_EQ(fp.store.value(QStringLiteral("Speed")), QStringLiteral("160"));
-    EXPECT_EQ(fp.store.value(QStringLiteral("Volume")), QStringLiteral("65535"));
-    EXPECT_EQ(fp.store.value(QStringLiteral("X")), QStringLiteral("0"));
-    EXPECT_EQ(fp.store.value(QStringLiteral("Y")), QStringLiteral("0"));
+    const std::pair<QString, QString> values[] = {{"Character", "/chars/pip.acs"},
+                                                  {"Pitch", "120"},
+                                                  {"Speed", "160"},
+                                                  {"Volume", "65535"},
+                                                  {"X", "0"},
+                                                  {"Y", "0"}};
+    for (const auto& [name, value] : values)
+        EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
     EXPECT_TRUE(fp.tray.shown);
     EXPECT_TRUE(f.isVisible());
 
-    const QString tags = QStringLiteral("\\chr=\"normal\"\\\\pit=120\\\\spd=160\\\\vol=65535\\");
+    const QString tags = R"(\chr="normal"\\pit=120\\spd=160\\vol=65535\)";
     EXPECT_EQ(fp.agent->spoken(),
-              (QStringList{tags + QStringLiteral("Good Afternoon."),
-                           tags + QStringLiteral("The time now is 2:25."),
-                           tags + QStringLiteral("Today is Sunday. 22nd of November, 2026.")}));
+              QStringList({tags + "Good Afternoon.", tags + "The time now is 2:25.",
+                           tags + "Today is Sunday. 22nd of November, 2026."}));
 }
 
-TEST_F(LoadSettingsTest, TopEdge)
+TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
 {
-    struct Case {
+    const struct {
         const char* name;
         std::optional<QString> winY;
         bool centred;
+    } cases[] = {
+        {"missing", std::nullopt, true},     {"zero", "0", true},
+        {"negative", "-15", true},           {"beyond the screen", "11505", true},
+        {"no number", "top", true},          {"on the screen", "300", false},
+        {"with a fraction", "450.5", false},
     };
-    const Case cases[] = {
-        {"missing", std::nullopt, true},
-        {"zero", QStringLiteral("0"), true},
-        {"negative", QStringLiteral("-15"), true},
-        {"beyond the screen", QStringLiteral("11505"), true},
-        {"no number", QStringLiteral("top"), true},
-        {"on the screen", QStringLiteral("300"), false},
-        {"with a fraction", QStringLiteral("450.5"), false},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        SettingsRun t;
-        if (c.winY)
-            t.fp.store.setValue(QStringLiteral("WinY"), *c.winY);
-        t.loadSettings();
-        const int top = t.form().TopTwips();
+        const SettingsRun t(c.winY ? std::map<QString, QString>{{"WinY", *c.winY}}
+                                   : std::map<QString, QString>{});
+        const int top = t.app.MainForm->TopTwips();
         if (c.centred) {
-            EXPECT_NEAR(top, (ScreenHeight - t.form().HeightTwips()) / 2, 15);
-            EXPECT_EQ(t.fp.store.value(QStringLiteral("WinY")), QString::number(top));
+            EXPECT_NEAR(top, (ScreenHeight - t.app.MainForm->HeightTwips()) / 2, 15);
+            EXPECT_EQ(t.stored("WinY"), QString::number(top));
         } else {
             EXPECT_NEAR(top, int(Conversions::Val(*c.winY)), 15);
-            EXPECT_EQ(t.fp.store.value(QStringLiteral("WinY")), c.winY) << "rewritten";
+            EXPECT_EQ(t.stored("WinY"), *c.winY) << "rewritten";
         }
     }
+    const SettingsRun t({{"WinX", "20000"}, {"WinY", "600"}});
+    EXPECT_EQ(t.stored("WinX"), QString::number(t.app.MainForm->LeftTwips()));
+    EXPECT_GT(t.app.MainForm->LeftTwips(), 0);
+    EXPECT_LT(t.app.MainForm->LeftTwips(), ScreenWidth / 2);
+    EXPECT_EQ(t.stored("WinY"), "600");
 }
 
-TEST_F(LoadSettingsTest, LeftEdgeBeyondTheScreenIsCentredAndReplaced)
+TEST(LoadSettingsTest, DefaultsAreStored)
 {
-    fp.store.setValue(QStringLiteral("WinX"), QStringLiteral("20000"));
-    fp.store.setValue(QStringLiteral("WinY"), QStringLiteral("600"));
-    loadSettings();
-    EXPECT_NE(stored("WinX"), QStringLiteral("20000"));
-    EXPECT_EQ(stored("WinX"), QString::number(form().LeftTwips()));
-    EXPECT_GT(form().LeftTwips(), 0);
-    EXPECT_EQ(stored("WinY"), QStringLiteral("600"));
-}
-
-TEST_F(LoadSettingsTest, VoicePanelEndsAsStored)
-{
-    for (const char* view : {"True", "False", "0"}) {
-        SCOPED_TRACE(view);
-        SettingsRun t;
-        t.fp.store.setValue(QStringLiteral("ViewVoiceSettings"), QLatin1String(view));
-        t.loadSettings();
-        const bool shown = QLatin1String(view) == QLatin1String("True");
-        EXPECT_EQ(t.form().mnuViewVoice->isChecked(), shown);
-        EXPECT_EQ(t.form().Frame1->isHidden(), !shown);
-    }
-}
-
-TEST_F(LoadSettingsTest, ChecksAndTextsOfTheWindow)
-{
-    fp.store.setValue(QStringLiteral("SaveSettings"), QStringLiteral("true"));
-    fp.store.setValue(QStringLiteral("Whisper"), QStringLiteral("1"));
-    fp.store.setValue(QStringLiteral("Balloon"), QStringLiteral("2"));
-    fp.store.setValue(QStringLiteral("Ignore"), QStringLiteral("0"));
-    fp.store.setValue(QStringLiteral("IgnoreText"), QStringLiteral("#"));
-    fp.store.setValue(QStringLiteral("Animate"), QStringLiteral("1"));
-    loadSettings();
-    EXPECT_FALSE(form().mnuFileSave->isChecked()) << "only \"True\" exactly is true";
-    EXPECT_TRUE(form().chkWhisper->isChecked());
-    EXPECT_FALSE(form().chkBalloon->isChecked());
-    EXPECT_FALSE(form().chkIgnore->isChecked());
-    EXPECT_EQ(form().txtIgnore->text(), QStringLiteral("#"));
-    EXPECT_EQ(form().txtIgnore1->text(), QStringLiteral("*"));
-    EXPECT_FALSE(form().txtIgnore->isEnabled());
-    EXPECT_FALSE(form().txtIgnore1->isEnabled());
-    EXPECT_EQ(app.AnimateRead, QStringLiteral("1"));
-}
-
-TEST_F(LoadSettingsTest, DefaultsAreStored)
-{
-    loadSettings();
-    const std::pair<const char*, const char*> defaults[] = {
+    const SettingsRun t;
+    const std::pair<QString, QString> defaults[] = {
         {"SaveSettings", "True"}, {"ViewVoiceSettings", "True"},
         {"Whisper", "0"},         {"Balloon", "0"},
         {"Ignore", "1"},          {"IgnoreText", ">"},
         {"IgnoreText1", "*"},     {"Animate", "0"},
         {"Top", "False"},         {"StartMinimized", "1"}};
     for (const auto& [name, value] : defaults)
-        EXPECT_EQ(stored(name), QLatin1String(value)) << name;
-    EXPECT_TRUE(form().mnuFileSave->isChecked());
-    EXPECT_TRUE(form().chkIgnore->isChecked());
-    EXPECT_TRUE(form().txtIgnore->isEnabled());
-    EXPECT_EQ(app.ModalOpen, 0);
+        EXPECT_EQ(t.stored(name), value) << name.toStdString();
+    EXPECT_TRUE(t.app.MainForm->mnuFileSave->isChecked());
+    EXPECT_TRUE(t.app.MainForm->chkIgnore->isChecked());
+    EXPECT_TRUE(t.app.MainForm->txtIgnore->isEnabled());
+    EXPECT_EQ(t.app.ModalOpen, 0);
 }
 
-TEST_F(LoadSettingsTest, BareFileNameIsLookedForInTheDataFolder)
+TEST(LoadSettingsTest, ChecksAndTextsOfTheWindow)
 {
-    fp.store.setValue(QStringLiteral("Character"), QStringLiteral("pip.acs"));
-    loadSettings();
-    EXPECT_TRUE(fp.agent->calls.contains(QStringLiteral("Load(G,/data/quorl/pip.acs)")));
-    EXPECT_EQ(stored("Character"), QStringLiteral("/data/quorl/pip.acs"));
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
+    const SettingsRun t({{"SaveSettings", "true"},
+                         {"Whisper", "1"},
+                         {"Balloon", "2"},
+                         {"Ignore", "0"},
+                         {"IgnoreText", "#"},
+                         {"Animate", "1"}});
+    const frmMain& f = *t.app.MainForm;
+    EXPECT_FALSE(f.mnuFileSave->isChecked()) << "only \"True\" exactly is true";
+    EXPECT_TRUE(f.chkWhisper->isChecked());
+    EXPECT_FALSE(f.chkBalloon->isChecked());
+    EXPECT_FALSE(f.chkIgnore->isChecked());
+    EXPECT_EQ(f.txtIgnore->text(), "#");
+    EXPECT_EQ(f.txtIgnore1->text(), "*");
+    EXPECT_FALSE(f.txtIgnore->isEnabled());
+    EXPECT_FALSE(f.txtIgnore1->isEnabled());
+    EXPECT_EQ(t.app.AnimateRead, "1");
+
+    for (const QString view : {"True", "False", "0"}) {
+        const SettingsRun v(std::map<QString, QString>{{"ViewVoiceSettings", view}});
+        EXPECT_EQ(v.app.MainForm->mnuViewVoice->isChecked(), view == "True");
+        EXPECT_EQ(v.app.MainForm->Frame1->isHidden(), view != "True");
+    }
 }
 
-TEST_F(LoadSettingsTest, StoredVoiceWinsOverTheCharacters)
+TEST(LoadSettingsTest, BareFileNameIsLookedForInTheDataFolder)
 {
-    fp.store.setValue(QStringLiteral("Pitch"), QStringLiteral("200"));
-    fp.store.setValue(QStringLiteral("Speed"), QStringLiteral("90"));
-    fp.store.setValue(QStringLiteral("Volume"), QStringLiteral("3000"));
-    loadSettings();
-    EXPECT_EQ(form().sdrPitch->value(), 200);
-    EXPECT_EQ(form().sdrSpeed->value(), 90);
-    EXPECT_EQ(form().sdrVolume->value(), 3000);
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=200\\"));
-    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=90\\"));
-    EXPECT_EQ(app.VolumeTag, QStringLiteral("\\vol=3000\\"));
-    EXPECT_EQ(stored("Pitch"), QStringLiteral("200"));
-    EXPECT_EQ(stored("Speed"), QStringLiteral("90"));
+    const SettingsRun t(std::map<QString, QString>{{"Character", "pip.acs"}});
+    EXPECT_TRUE(t.fp.agent->calls.contains("Load(G,/data/quorl/pip.acs)"));
+    EXPECT_EQ(t.stored("Character"), "/data/quorl/pip.acs");
+    EXPECT_TRUE(t.fp.dialogs.boxes.empty());
 }
 
-TEST_F(LoadSettingsTest, OneMissingVoiceValueBringsBackAllDefaults)
+TEST(LoadSettingsTest, StoredVoiceWinsOverTheCharactersUnlessOneValueIsMissing)
 {
+    const SettingsRun all({{"Pitch", "200"}, {"Speed", "90"}, {"Volume", "3000"}});
+    EXPECT_EQ(all.app.MainForm->sdrPitch->value(), 200);
+    EXPECT_EQ(all.app.MainForm->sdrSpeed->value(), 90);
+    EXPECT_EQ(all.app.MainForm->sdrVolume->value(), 3000);
+    EXPECT_EQ(all.tags(), R"(\pit=200\\spd=90\\vol=3000\)");
+    EXPECT_EQ(all.stored("Pitch"), "200");
+    EXPECT_EQ(all.stored("Speed"), "90");
+
     // The defaults for the missing speed reset the sliders read before it.
-    fp.store.setValue(QStringLiteral("Pitch"), QStringLiteral("200"));
-    fp.store.setValue(QStringLiteral("Volume"), QStringLiteral("3000"));
-    loadSettings();
-    EXPECT_EQ(form().sdrPitch->value(), 120);
-    EXPECT_EQ(form().sdrSpeed->value(), 160);
-    EXPECT_EQ(form().sdrVolume->value(), 3000);
-    EXPECT_EQ(stored("Pitch"), QStringLiteral("200"));
-    EXPECT_EQ(stored("Speed"), QStringLiteral("160"));
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=120\\"));
+    const SettingsRun some({{"Pitch", "200"}, {"Volume", "3000"}});
+    EXPECT_EQ(some.app.MainForm->sdrPitch->value(), 120);
+    EXPECT_EQ(some.app.MainForm->sdrSpeed->value(), 160);
+    EXPECT_EQ(some.app.MainForm->sdrVolume->value(), 3000);
+    EXPECT_EQ(some.stored("Pitch"), "200");
+    EXPECT_EQ(some.stored("Speed"), "160");
+    EXPECT_EQ(some.tags(), R"(\pit=120\\spd=160\\vol=3000\)");
 }
 
-TEST_F(LoadSettingsTest, TopmostAndStartVisibility)
+TEST(LoadSettingsTest, TopmostAndStartVisibility)
 {
-    struct Case {
-        const char* top;
-        const char* startMinimized;
-        bool onTop;
-        bool visible;
-    };
-    for (const Case& c : {Case{"True", "1", true, true}, Case{"0", "1", false, true},
-                          Case{"False", "0", false, false}, Case{"True", "0", true, false}}) {
-        SCOPED_TRACE(std::string(c.top) + "/" + c.startMinimized);
-        SettingsRun t;
-        t.fp.store.setValue(QStringLiteral("Top"), QLatin1String(c.top));
-        t.fp.store.setValue(QStringLiteral("StartMinimized"), QLatin1String(c.startMinimized));
-        t.loadSettings();
+    const struct {
+        QString top, startMinimized;
+        bool onTop, visible;
+    } cases[] = {{"True", "1", true, true},
+                 {"0", "1", false, true},
+                 {"False", "0", false, false},
+                 {"True", "0", true, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE((c.top + "/" + c.startMinimized).toStdString());
+        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}});
         EXPECT_EQ(t.app.OnTop, c.onTop);
-        EXPECT_EQ(t.form().mnuViewTop->isChecked(), c.onTop);
-        EXPECT_EQ(t.form().isVisible(), c.visible);
+        EXPECT_EQ(t.app.MainForm->mnuViewTop->isChecked(), c.onTop);
+        EXPECT_EQ(t.app.MainForm->isVisible(), c.visible);
         EXPECT_TRUE(t.fp.tray.shown);
     }
 }
 
-TEST_F(LoadSettingsTest, WithoutATrayAHiddenStartIsAMinimizedOne)
+TEST(LoadSettingsTest, WithoutATrayAHiddenStartIsAMinimizedOne)
 {
-    fp.tray.available = false;
-    fp.store.setValue(QStringLiteral("StartMinimized"), QStringLiteral("0"));
-    loadSettings();
-    EXPECT_TRUE(form().isVisible());
-    EXPECT_TRUE(form().isMinimized()) << "the window must stay reachable from the task bar";
-    EXPECT_EQ(fp.dialogs.boxes.size(), 1u) << "the user is told about the missing tray";
+    fakes::ProgramWindow t;
+    t.fp.tray.available = false;
+    t.fp.store.setValue("Character", "/chars/pip.acs");
+    t.fp.store.setValue("StartMinimized", "0");
+    LoadSettings(t.app);
+    EXPECT_TRUE(t.app.MainForm->isVisible());
+    EXPECT_TRUE(t.app.MainForm->isMinimized()) << "the window must stay reachable from the task bar";
+    EXPECT_EQ(t.fp.dialogs.boxes.size(), 1u) << "the user is told about the missing tray";
 }
-
-} // namespace

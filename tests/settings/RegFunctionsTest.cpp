@@ -5,10 +5,6 @@
 #include <gtest/gtest.h>
 
 using namespace RegFunctions;
-using platform::HKEY_CURRENT_USER;
-
-namespace
-{
 
 struct RegFunctionsTest : ::testing::Test {
     fakes::FakeStore store;
@@ -17,57 +13,47 @@ struct RegFunctionsTest : ::testing::Test {
 
 TEST_F(RegFunctionsTest, MissingKeyReadsEmptyAndCreatesNothing)
 {
-    const KeyValue value = ReadKeyValue(store, HKEY_CURRENT_USER, SettingsKey, QStringLiteral("X"));
+    const KeyValue value = ReadKeyValue(store, platform::HKEY_CURRENT_USER, SettingsKey, "X");
     EXPECT_TRUE(std::holds_alternative<Empty>(value));
     EXPECT_FALSE(store.hasKey(SettingsKey));
     EXPECT_TRUE(store.writes.isEmpty());
 }
 
-TEST_F(RegFunctionsTest, GetSettingStoresItsDefaultWhenMissingOrEmpty)
+TEST_F(RegFunctionsTest, GetSettingStoresItsDefaultWhenMissingOrEmptyButNotWhenBlank)
 {
-    EXPECT_EQ(settings.Get(QStringLiteral("Splash"), QStringLiteral("1")), QStringLiteral("1"));
-    EXPECT_EQ(store.value(QStringLiteral("Splash")), QStringLiteral("1"));
+    EXPECT_EQ(settings.Get("Splash", "1"), "1");
+    EXPECT_EQ(store.value("Splash"), "1");
 
-    store.setValue(QStringLiteral("Greeting"), QString());
-    EXPECT_EQ(ToString(settings.Read(QStringLiteral("Greeting"))), QString());
-    EXPECT_EQ(settings.Get(QStringLiteral("Greeting"), QStringLiteral("0")), QStringLiteral("0"));
-    EXPECT_EQ(store.value(QStringLiteral("Greeting")), QStringLiteral("0"));
+    store.setValue("Greeting", QString());
+    EXPECT_EQ(ToString(settings.Read("Greeting")), QString());
+    EXPECT_EQ(settings.Get("Greeting", "0"), "0");
+    EXPECT_EQ(store.value("Greeting"), "0");
+
+    store.setValue("GreetingText", " ");
+    EXPECT_EQ(settings.Get("GreetingText", "hello"), " ");
+    EXPECT_EQ(store.value("GreetingText"), " ");
 }
 
-TEST_F(RegFunctionsTest, OneBlankIsAValue)
+TEST_F(RegFunctionsTest, DataIsReadUpToTheFirstNulAndBinaryAsSixteenBits)
 {
-    store.setValue(QStringLiteral("GreetingText"), QStringLiteral(" "));
-    EXPECT_EQ(settings.Get(QStringLiteral("GreetingText"), QStringLiteral("hello")),
-              QStringLiteral(" "));
-    EXPECT_EQ(store.value(QStringLiteral("GreetingText")), QStringLiteral(" "));
-}
+    store.setRaw("A", platform::RegistryStore::String, QByteArray("ab\0cd", 5));
+    store.setRaw("B", platform::RegistryStore::String, QByteArray("\0cd", 3));
+    EXPECT_EQ(settings.ReadText("A"), "ab");
+    EXPECT_EQ(settings.ReadText("B"), QString());
+    EXPECT_EQ(TrimAtNull("plain"), "plain");
 
-TEST_F(RegFunctionsTest, DataIsReadUpToTheFirstNul)
-{
-    store.setRaw(QStringLiteral("A"), platform::RegistryStore::String, QByteArray("ab\0cd", 5));
-    store.setRaw(QStringLiteral("B"), platform::RegistryStore::String, QByteArray("\0cd", 3));
-    EXPECT_EQ(settings.ReadText(QStringLiteral("A")), QStringLiteral("ab"));
-    EXPECT_EQ(settings.ReadText(QStringLiteral("B")), QString());
-    EXPECT_EQ(TrimAtNull(QStringLiteral("plain")), QStringLiteral("plain"));
+    store.setRaw("Odd", platform::RegistryStore::Binary, QByteArray("\xfe\xff\x07", 3));
+    const KeyValue value = settings.Read("Odd");
+    ASSERT_TRUE(std::holds_alternative<std::int16_t>(value));
+    EXPECT_EQ(std::get<std::int16_t>(value), -2);
+    EXPECT_EQ(ToString(value), "-2");
 }
 
 TEST_F(RegFunctionsTest, NamesMatchWithoutRegardToCase)
 {
-    settings.Write(QStringLiteral("ShutDown"), QStringLiteral("0"));
-    EXPECT_EQ(settings.ReadText(QStringLiteral("Shutdown")), QStringLiteral("0"));
-    settings.Write(QStringLiteral("SHUTDOWN"), QStringLiteral("1"));
-    EXPECT_EQ(settings.ReadText(QStringLiteral("shutdown")), QStringLiteral("1"));
+    settings.Write("ShutDown", "0");
+    EXPECT_EQ(settings.ReadText("Shutdown"), "0");
+    settings.Write("SHUTDOWN", "1");
+    EXPECT_EQ(settings.ReadText("shutdown"), "1");
     EXPECT_EQ(store.valueCount(), 1);
 }
-
-TEST_F(RegFunctionsTest, BinaryValueReadsAsSixteenBitInteger)
-{
-    store.setRaw(QStringLiteral("Odd"), platform::RegistryStore::Binary,
-                 QByteArray("\xfe\xff\x07", 3));
-    const KeyValue value = settings.Read(QStringLiteral("Odd"));
-    ASSERT_TRUE(std::holds_alternative<std::int16_t>(value));
-    EXPECT_EQ(std::get<std::int16_t>(value), -2);
-    EXPECT_EQ(ToString(value), QStringLiteral("-2"));
-}
-
-} // namespace

@@ -7,26 +7,9 @@
 #include <random>
 
 using namespace agent::acs;
-using agent::acs::testing::syntheticCharacter;
-
-namespace
-{
+using namespace agent::acs::testing;
 
 constexpr qsizetype ImageListLocatorAt = 20;
-
-std::uint32_t u32At(const QByteArray& file, qsizetype at)
-{
-    std::uint32_t value = 0;
-    for (int i = 3; i >= 0; --i)
-        value = (value << 8) | std::uint8_t(file.at(at + i));
-    return value;
-}
-
-void putU32(QByteArray& file, qsizetype at, std::uint32_t value)
-{
-    for (int i = 0; i < 4; ++i)
-        file[at + i] = char(value >> (8 * i));
-}
 
 // The file offset of image `index`'s record, found through the header and the image list.
 qsizetype imageRecord(const QByteArray& file, std::uint32_t index)
@@ -43,8 +26,6 @@ std::string readError(const QByteArray& file)
     }
     return "no error";
 }
-
-} // namespace
 
 TEST(AcsReaderErrors, RefusesEveryTruncation)
 {

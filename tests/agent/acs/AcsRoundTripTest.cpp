@@ -4,23 +4,9 @@
 #include <gtest/gtest.h>
 
 using namespace agent::acs;
-using agent::acs::testing::syntheticCharacter;
-using agent::acs::testing::SyntheticOptions;
-
-namespace
-{
-
-std::uint32_t u32At(const QByteArray& file, qsizetype at)
-{
-    std::uint32_t value = 0;
-    for (int i = 3; i >= 0; --i)
-        value = (value << 8) | std::uint8_t(file.at(at + i));
-    return value;
-}
+using namespace agent::acs::testing;
 
 constexpr qsizetype CharacterInfoFixedBytes = 41;
-
-} // namespace
 
 TEST(AcsRoundTrip, ReadsBackWhatWasWritten)
 {
@@ -66,7 +52,7 @@ TEST(AcsRoundTrip, StoresColoursInTheirOwnByteOrder)
         QString fontName;
         qsizetype fontNameBytes;
     };
-    const Case cases[] = {{QStringLiteral("Sans"), 4 + 2 * 5}, {QString(), 4}};
+    const Case cases[] = {{"Sans", 4 + 2 * 5}, {QString(), 4}};
     for (const Case& c : cases) {
         CharacterData character = syntheticCharacter({false, true});
         character.palette[0] = 0x00112233;
@@ -87,12 +73,12 @@ TEST(AcsRoundTrip, ReplacesUnpairedSurrogates)
     CharacterData character = syntheticCharacter();
     const QChar high(char16_t(0xD83D));
     const QChar low(char16_t(0xDE00));
-    character.localizedInfo[1].name = QString(high) + QStringLiteral("a") + QString(low) +
-                                      QString(high) + QString(low) + QString(high);
+    character.localizedInfo[1].name =
+        QString(high) + "a" + QString(low) + QString(high) + QString(low) + QString(high);
     const CharacterData read = readAcs(writeAcs(character));
     const QChar bad = QChar::ReplacementCharacter;
-    EXPECT_EQ(read.localizedInfo[1].name, QString(bad) + QStringLiteral("a") + QString(bad) +
-                                              QString(high) + QString(low) + QString(bad));
+    EXPECT_EQ(read.localizedInfo[1].name,
+              QString(bad) + "a" + QString(bad) + QString(high) + QString(low) + QString(bad));
 }
 
 TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)

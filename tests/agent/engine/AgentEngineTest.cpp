@@ -6,10 +6,12 @@
 #include "TestCharacter.h"
 #include "agent/engine/EngineErrors.h"
 #include "agent/runtime/BalloonWindow.h"
+#include "agent/runtime/CharacterRuntime.h"
 #include "agent/sheet/EngineSettings.h"
 #include "agent/sheet/PropertySheet.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <set>
@@ -19,9 +21,6 @@ using namespace agent::engine;
 using namespace agent::engine::testing;
 using agent::runtime::testing::FakeSpeechOutput;
 using Status = platform::AgentRequest;
-
-namespace
-{
 
 class AgentEngineTest : public ::testing::Test
 {
@@ -47,18 +46,8 @@ protected:
 
     platform::AgentCharacter& load()
     {
-        engine->Characters().Load(QStringLiteral("G"), writeCharacterFile(folder, character));
-        return engine->Characters().Character(QStringLiteral("G"));
-    }
-
-    static platform::RuntimeError errorOf(const std::function<void()>& call)
-    {
-        try {
-            call();
-        } catch (const platform::RuntimeError& error) {
-            return error;
-        }
-        return {0, {}, {}};
+        engine->Characters().Load("G", writeCharacterFile(folder, character));
+        return engine->Characters().Character("G");
     }
 
     bool waitForEvents(int count)
@@ -77,7 +66,7 @@ protected:
 TEST_F(AgentEngineTest, LoadsACharacterFileAndReportsItsProperties)
 {
     platform::AgentCharacter& loaded = load();
-    EXPECT_EQ(loaded.Name(), QStringLiteral("Testy"));
+    EXPECT_EQ(loaded.Name(), "Testy");
     EXPECT_EQ(loaded.Pitch(), 133);
     EXPECT_EQ(loaded.Speed(), 177);
     EXPECT_FALSE(loaded.Visible());
@@ -93,7 +82,7 @@ TEST_F(AgentEngineTest, LoadsACharacterFileAndReportsItsProperties)
 
 TEST_F(AgentEngineTest, LoadAndLookupFailuresAreRunTimeErrors)
 {
-    QFile junk(folder.filePath(QStringLiteral("junk.acs")));
+    QFile junk(folder.filePath("junk.acs"));
     ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
     junk.write("this is not a character file at all, just some text");
     junk.close();
@@ -105,36 +94,35 @@ TEST_F(AgentEngineTest, LoadAndLookupFailuresAreRunTimeErrors)
         const char* mentions;
     };
     const std::vector<Case> cases = {
-        {"missing file",
-         [&] { engine->Characters().Load("G", folder.filePath(QStringLiteral("none.acs"))); },
+        {"missing file", [&] { engine->Characters().Load("G", folder.filePath("none.acs")); },
          errors::CharacterFileMissing, "none.acs"},
         {"not a character file", [&] { engine->Characters().Load("G", junk.fileName()); },
          platform::errors::BadFileFormat, "junk.acs"},
         {"folder instead of a file", [&] { engine->Characters().Load("G", folder.path()); },
          errors::CharacterFileMissing, ""},
-        {"unknown id", [&] { engine->Characters().Character(QStringLiteral("X")); },
-         errors::CharacterNotLoaded, "X"},
+        {"unknown id", [&] { engine->Characters().Character("X"); }, errors::CharacterNotLoaded,
+         "X"},
     };
     for (const Case& test : cases) {
         const platform::RuntimeError error = errorOf(test.call);
         EXPECT_EQ(error.Number, test.number) << test.name;
-        EXPECT_EQ(error.Source, QStringLiteral("Agent.Control.1")) << test.name;
+        EXPECT_EQ(error.Source, "Agent.Control.1") << test.name;
         EXPECT_TRUE(error.Description.contains(QString::fromLatin1(test.mentions))) << test.name;
     }
-    engine->Characters().Unload(QStringLiteral("X"));
+    engine->Characters().Unload("X");
 }
 
 TEST_F(AgentEngineTest, PlayOfAnUnknownAnimationThrowsAtTheCall)
 {
     platform::AgentCharacter& loaded = load();
-    const platform::RuntimeError error = errorOf([&] { loaded.Play(QStringLiteral("Dance")); });
+    const platform::RuntimeError error = errorOf([&] { loaded.Play("Dance"); });
     EXPECT_EQ(error.Number, errors::AnimationNotFound);
     EXPECT_NE(error.Number, platform::errors::ElementNotFound);
-    EXPECT_EQ(error.Source, QStringLiteral("Agent.Control.1"));
-    EXPECT_TRUE(error.Description.contains(QStringLiteral("Dance")));
+    EXPECT_EQ(error.Source, "Agent.Control.1");
+    EXPECT_TRUE(error.Description.contains("Dance"));
 
     loaded.Show(true);
-    const platform::Request wave = loaded.Play(QStringLiteral("wAVE"));
+    const platform::Request wave = loaded.Play("wAVE");
     EXPECT_EQ(wave->Status(), Status::Pending);
     ASSERT_TRUE(QTest::qWaitFor([&] { return wave->Status() == Status::Complete; }, 2000));
 }
@@ -143,12 +131,12 @@ TEST_F(AgentEngineTest, ShowHideAndSpeechRaiseTheirEvents)
 {
     platform::AgentCharacter& loaded = load();
     loaded.Show();
-    const platform::Request speak = loaded.Speak(QStringLiteral("hello there"));
+    const platform::Request speak = loaded.Speak("hello there");
     loaded.Hide();
     ASSERT_TRUE(waitForEvents(2));
     EXPECT_EQ(events.events, (QStringList{"Show G 0", "Hide G 0"}));
     EXPECT_EQ(speak->Status(), Status::Complete);
-    EXPECT_EQ(speech->spoken, QStringList{QStringLiteral("hello there")});
+    EXPECT_EQ(speech->spoken, QStringList{"hello there"});
     EXPECT_EQ(speech->lastVoice.pitchHz, 133);
     EXPECT_EQ(speech->lastVoice.speedWpm, 177);
 }
@@ -207,39 +195,44 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
 
 TEST_F(AgentEngineTest, EventsWaitForTheEventLoopAndNeedASink)
 {
-    platform::AgentCharacter& loaded = load();
+    load();
+    EngineCharacter& loaded = engine->Characters().Character("G");
     loaded.Show(true);
+    EXPECT_TRUE(events.events.isEmpty());
     ASSERT_TRUE(waitForEvents(1));
     engine->setEventSink(nullptr);
+    QSignalSpy hidden(&loaded.runtime(), &runtime::CharacterRuntime::hidden);
     loaded.Hide();
-    QTest::qWait(100);
-    EXPECT_EQ(events.events.size(), 1);
+    // The hide's event goes out as the character hides; a call queued after it runs later.
+    ASSERT_TRUE(hidden.wait(2000));
+    bool later = false;
+    QMetaObject::invokeMethod(
+        qApp, [&later] { later = true; }, Qt::QueuedConnection);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return later; }, 2000));
+    EXPECT_EQ(events.events, QStringList{"Show G 0"});
     EXPECT_FALSE(loaded.Visible());
 }
 
 TEST_F(AgentEngineTest, RecogniserHearsTheEnabledCommands)
 {
-    platform::AgentCharacter& loaded = load();
-    platform::AgentCommands& commands = loaded.Commands();
-    commands.Add(QStringLiteral("Time"), QStringLiteral("What is the Time?"),
-                 QStringLiteral("What is the time"), true, true);
-    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes"), QStringLiteral("(Yes)"), false,
-                 false);
+    platform::AgentCommands& commands = load().Commands();
+    commands.Add("Time", "What is the Time?", "What is the time", true, true);
+    commands.Add("Yes", "Yes", "(Yes)", false, false);
     ASSERT_EQ(recognizer->phrases.size(), 1u);
-    EXPECT_EQ(recognizer->phrases[0].name, QStringLiteral("Time"));
-    EXPECT_EQ(recognizer->phrases[0].voice, QStringLiteral("What is the time"));
+    EXPECT_EQ(recognizer->phrases[0].name, "Time");
+    EXPECT_EQ(recognizer->phrases[0].voice, "What is the time");
 
-    emit recognizer->commandRecognized(QStringLiteral("Yes"));
-    commands.Command(QStringLiteral("Yes")).setEnabled(true);
+    emit recognizer->commandRecognized("Yes");
+    commands.Command("Yes").setEnabled(true);
     EXPECT_EQ(recognizer->phrases.size(), 2u);
-    emit recognizer->commandRecognized(QStringLiteral("Yes"));
-    emit recognizer->commandRecognized(QStringLiteral("Time"));
-    ASSERT_TRUE(waitForEvents(2));
-    QTest::qWait(20);
+    emit recognizer->commandRecognized("Yes");
+    emit recognizer->commandRecognized("Time");
+    // Events arrive in order: the last one's arrival shows whether the first fired.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return events.events.contains("Command Time"); }, 5000));
     EXPECT_EQ(events.events, (QStringList{"Command Yes", "Command Time"}))
         << "a disabled command does not fire";
 
-    engine->Characters().Unload(QStringLiteral("G"));
+    engine->Characters().Unload("G");
     EXPECT_TRUE(recognizer->phrases.empty());
 }
 
@@ -263,29 +256,24 @@ TEST_F(AgentEngineTest, SpeechFlags)
 
 TEST_F(AgentEngineTest, PropertySheetOpensOnThePageAsked)
 {
-    engine->setPropertySheetPage(QStringLiteral("Speech"));
+    engine->setPropertySheetPage("Speech");
     engine->setPropertySheetVisible(true);
     EXPECT_TRUE(engine->propertySheet().isVisible());
-    EXPECT_EQ(engine->propertySheet().page(), QStringLiteral("Speech"));
-    engine->setPropertySheetPage(QStringLiteral("Output"));
-    EXPECT_EQ(engine->propertySheet().page(), QStringLiteral("Output"));
+    EXPECT_EQ(engine->propertySheet().page(), "Speech");
+    EXPECT_NE(engine->propertySheet().findChild<QWidget*>("speech input controls"), nullptr)
+        << "the speech page hosts the recogniser's controls";
+    engine->setPropertySheetPage("Output");
+    EXPECT_EQ(engine->propertySheet().page(), "Output");
     engine->setPropertySheetVisible(false);
     EXPECT_FALSE(engine->propertySheet().isVisible());
-}
-
-TEST_F(AgentEngineTest, SpeechPageHostsTheRecognisersControls)
-{
-    engine->setPropertySheetPage(QStringLiteral("Speech"));
-    EXPECT_NE(engine->propertySheet().findChild<QWidget*>(QStringLiteral("speech input controls")),
-              nullptr);
 }
 
 TEST_F(AgentEngineTest, ListeningThatCannotStartIsRaisedAsAnError)
 {
     emit recognizer->listeningFailed(platform::errors::SoundSystemBusy, platform::AgentSource,
-                                     QStringLiteral("the microphone is in use"));
+                                     "the microphone is in use");
     ASSERT_TRUE(waitForEvents(1));
-    EXPECT_EQ(events.events, QStringList{QStringLiteral("Error -2147220713 Agent.Control.1")});
+    EXPECT_EQ(events.events, QStringList{"Error -2147220713 Agent.Control.1"});
 }
 
 TEST_F(AgentEngineTest, ThrowingHandlersStayInsideTheEngine)
@@ -293,7 +281,7 @@ TEST_F(AgentEngineTest, ThrowingHandlersStayInsideTheEngine)
     struct Throwing : RecordingEvents {
         void Agent1_Show(const QString&, int) override
         {
-            throw platform::RuntimeError(5, QStringLiteral("x"), QStringLiteral("boom"));
+            throw platform::RuntimeError(5, "x", "boom");
         }
     } throwing;
     engine->setEventSink(&throwing);
@@ -303,5 +291,3 @@ TEST_F(AgentEngineTest, ThrowingHandlersStayInsideTheEngine)
     ASSERT_TRUE(QTest::qWaitFor([&] { return throwing.events.size() == 1; }, 2000));
     EXPECT_EQ(throwing.events, QStringList{"Hide G 0"});
 }
-
-} // namespace

@@ -14,9 +14,6 @@ using namespace agent::engine::testing;
 using agent::runtime::testing::waitFinished;
 using Status = platform::AgentRequest;
 
-namespace
-{
-
 // Every animation of the character that ships with the program plays to an end, and the
 // program's own sequence of operations runs through.
 TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
@@ -29,8 +26,8 @@ TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
     AgentEngine engine(std::make_unique<runtime::testing::FakeSpeechOutput>(5),
                        std::make_unique<FakeRecognizer>());
     engine.setEventSink(&events);
-    engine.Characters().Load(QStringLiteral("G"), QStringLiteral(BUNDLED_CHARACTER));
-    platform::AgentCharacter& character = engine.Characters().Character(QStringLiteral("G"));
+    engine.Characters().Load("G", QStringLiteral(BUNDLED_CHARACTER));
+    platform::AgentCharacter& character = engine.Characters().Character("G");
     character.setIdleOn(false);
     EXPECT_FALSE(character.Name().isEmpty());
 
@@ -41,9 +38,9 @@ TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
         EXPECT_EQ(played->Status(), Status::Complete) << animation.name.toStdString();
     }
     const std::vector<platform::Request> reading = {
-        character.Play(QStringLiteral("Read")),
-        character.Speak(QStringLiteral("A line read aloud.")),
-        character.Play(QStringLiteral("ReadReturn")),
+        character.Play("Read"),
+        character.Speak("A line read aloud."),
+        character.Play("ReadReturn"),
         character.MoveTo(300, 200),
         character.Hide(),
     };
@@ -56,5 +53,3 @@ TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
     EXPECT_TRUE(QTest::qWaitFor([&] { return events.events.size() == 2; }, 2000));
     EXPECT_EQ(events.events, (QStringList{"Show G 0", "Hide G 0"}));
 }
-
-} // namespace

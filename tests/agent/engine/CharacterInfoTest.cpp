@@ -6,16 +6,13 @@
 using namespace agent;
 using namespace agent::engine;
 
-namespace
-{
-
 TEST(CharacterInfoTest, NameFollowsTheUsersLanguage)
 {
     const std::vector<acs::LocalizedInfo> names = {
-        {0x0407, QStringLiteral("Kurt"), {}, {}},
-        {0x0809, QStringLiteral("Colin"), {}, {}},
-        {0x0409, QStringLiteral(" Bob "), {}, {}},
-        {0x0C07, QStringLiteral("Franz"), {}, {}},
+        {0x0407, "Kurt", {}, {}},
+        {0x0809, "Colin", {}, {}},
+        {0x0409, " Bob ", {}, {}},
+        {0x0C07, "Franz", {}, {}},
     };
     struct Case {
         std::uint16_t language;
@@ -30,10 +27,9 @@ TEST(CharacterInfoTest, NameFollowsTheUsersLanguage)
     for (const Case& test : cases)
         EXPECT_EQ(characterName(names, test.language), QString::fromLatin1(test.expected))
             << std::hex << test.language;
-    EXPECT_EQ(characterName({{0x0411, QStringLiteral("Taro"), {}, {}}}, 0x0407),
-              QStringLiteral("Taro"));
+    EXPECT_EQ(characterName({{0x0411, "Taro", {}, {}}}, 0x0407), "Taro");
     EXPECT_EQ(characterName({}, 0x0409), QString());
-    EXPECT_EQ(characterName({names[2]}, 0x0409), QStringLiteral("Bob"));
+    EXPECT_EQ(characterName({names[2]}, 0x0409), "Bob");
 }
 
 TEST(CharacterInfoTest, LanguageIdsOfLocales)
@@ -74,5 +70,3 @@ TEST(CharacterInfoTest, VoiceFromTheFileOrDefaults)
         EXPECT_EQ(voice.speedWpm, test.speed) << test.name;
     }
 }
-
-} // namespace

@@ -17,9 +17,6 @@ using namespace agent::engine;
 using namespace agent::engine::testing;
 using namespace agent::runtime::testing;
 
-namespace
-{
-
 constexpr int Left = 200;
 constexpr int Top = 150;
 
@@ -29,7 +26,7 @@ acs::CharacterData squareCharacter()
     acs::CharacterData character = blankCharacter(64, 64);
     character.images.push_back(solidImage(32, 32, Red));
     const std::uint32_t square = std::uint32_t(character.images.size() - 1);
-    character.animations = {animation(QStringLiteral("RestPose"), {frame({{square, 16, 16}})})};
+    character.animations = {animation("RestPose", {frame({{square, 16, 16}})})};
     return character;
 }
 
@@ -42,11 +39,8 @@ QImage grabScreen()
 // The screen once the pixel at `where` has the colour, or as it stands after five seconds.
 QImage screenOnce(QPoint where, QRgb colour)
 {
-    QImage screen = grabScreen();
-    for (int i = 0; i < 250 && screen.pixel(where) != colour; ++i) {
-        QTest::qWait(20);
-        screen = grabScreen();
-    }
+    QImage screen;
+    (void)QTest::qWaitFor([&] { return (screen = grabScreen()).pixel(where) == colour; }, 5000);
     return screen;
 }
 
@@ -61,9 +55,8 @@ protected:
         engine = std::make_unique<AgentEngine>(std::make_unique<FakeSpeechOutput>(),
                                                std::make_unique<FakeRecognizer>(), options);
         engine->setEventSink(&events);
-        engine->Characters().Load(QStringLiteral("G"),
-                                  writeCharacterFile(folder, squareCharacter()));
-        character = &engine->Characters().Character(QStringLiteral("G"));
+        engine->Characters().Load("G", writeCharacterFile(folder, squareCharacter()));
+        character = &engine->Characters().Character("G");
         character->setIdleOn(false);
         window = &character->runtime().window();
     }
@@ -73,11 +66,19 @@ protected:
         return QTest::qWaitFor([&] { return events.events.contains(event); }, 5000);
     }
 
+    // Right-clicks the character; the popup menu that opens, or null.
+    QMenu* rightClick()
+    {
+        QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
+        (void)QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+
     void showAt(int x, int y)
     {
         character->MoveTo(std::int16_t(x), std::int16_t(y));
         character->Show(true);
-        ASSERT_TRUE(waitForEvent(QStringLiteral("Show G 0")));
+        ASSERT_TRUE(waitForEvent("Show G 0"));
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
     }
 
@@ -90,7 +91,7 @@ protected:
 
 TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
 {
-    ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb"));
+    ASSERT_EQ(QGuiApplication::platformName(), "xcb");
     const QImage before = grabScreen();
     showAt(Left, Top);
     const QImage after = screenOnce({Left + 30, Top + 30}, rgba(Red));
@@ -110,7 +111,7 @@ TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
     EXPECT_FALSE(window->mask().contains(QPoint(5, 5))) << "no input on transparent pixels";
 
     character->Hide();
-    ASSERT_TRUE(waitForEvent(QStringLiteral("Hide G 0")));
+    ASSERT_TRUE(waitForEvent("Hide G 0"));
     const QPoint middle(Left + 30, Top + 30);
     EXPECT_EQ(screenOnce(middle, before.pixel(middle)).pixel(middle), before.pixel(middle));
 }
@@ -118,35 +119,27 @@ TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
 TEST_F(CharacterWindowTest, RightClickOpensThePopupMenu)
 {
     platform::AgentCommands& commands = character->Commands();
-    commands.Add(QStringLiteral("Time"), QStringLiteral("What is the Time?"), {}, true, true);
-    commands.Add(QStringLiteral("Notes"), QStringLiteral("Notes && Reminders"), {}, false, true);
-    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes"), {}, true, false);
-    commands.Add(QStringLiteral(" "), QStringLiteral(" "), {}, false, true);
+    commands.Add("Time", "What is the Time?", {}, true, true);
+    commands.Add("Notes", "Notes && Reminders", {}, false, true);
+    commands.Add("Yes", "Yes", {}, true, false);
+    commands.Add(" ", " ", {}, false, true);
     showAt(Left, Top);
 
-    QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000));
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QMenu* menu = rightClick();
     ASSERT_NE(menu, nullptr);
-    QStringList texts;
-    for (const QAction* action : menu->actions())
-        texts << (action->isSeparator() ? QStringLiteral("----") : action->text()) +
-                     (action->isEnabled() ? "" : " (grey)");
-    EXPECT_EQ(texts, (QStringList{"What is the Time?", "Notes && Reminders (grey)", "----", "----",
-                                  "Hide"}));
-    ASSERT_TRUE(waitForEvent(QStringLiteral("Click G 2 0")));
+    EXPECT_EQ(menuTexts(*menu), (QStringList{"What is the Time?", "Notes && Reminders (grey)",
+                                             "----", "----", "Hide"}));
+    ASSERT_TRUE(waitForEvent("Click G 2 0"));
     EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 30, Top + 30));
 
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
-    ASSERT_TRUE(waitForEvent(QStringLiteral("Command Time")));
+    ASSERT_TRUE(waitForEvent("Command Time"));
 
-    QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
-    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000));
-    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    menu = rightClick();
     ASSERT_NE(menu, nullptr);
     QTest::mouseClick(menu, Qt::LeftButton, {},
                       menu->actionGeometry(menu->actions().last()).center());
-    ASSERT_TRUE(waitForEvent(QStringLiteral("Hide G 1"))) << "Hide picked by the user";
+    ASSERT_TRUE(waitForEvent("Hide G 1")) << "Hide picked by the user";
     EXPECT_FALSE(character->Visible());
 }
 
@@ -154,7 +147,7 @@ TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
 {
     showAt(Left, Top);
     QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(30, 30));
-    ASSERT_TRUE(waitForEvent(QStringLiteral("Click G 1 0")));
+    ASSERT_TRUE(waitForEvent("Click G 1 0"));
 
     QTest::mousePress(window, Qt::LeftButton, {}, QPoint(30, 30));
     const QPoint start = window->mapToGlobal(QPoint(30, 30));
@@ -167,7 +160,5 @@ TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
     EXPECT_EQ(character->Left(), Left + 40);
     EXPECT_EQ(character->Top(), Top + 25);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->pos() == QPoint(Left + 40, Top + 25); }));
-    EXPECT_EQ(events.events.count(QStringLiteral("Click G 1 0")), 1) << "a drag is not a click";
+    EXPECT_EQ(events.events.count("Click G 1 0"), 1) << "a drag is not a click";
 }
-
-} // namespace

@@ -1,5 +1,6 @@
 #include "agent/engine/EngineCommands.h"
 
+#include "EngineTestSupport.h"
 #include "agent/engine/EngineErrors.h"
 #include "agent/engine/PopupMenu.h"
 
@@ -8,9 +9,7 @@
 
 using namespace agent;
 using namespace agent::engine;
-
-namespace
-{
+using namespace agent::engine::testing;
 
 QStringList phraseNames(const EngineCommands& commands)
 {
@@ -24,32 +23,27 @@ TEST(EngineCommandsTest, ListAndLookup)
 {
     int changes = 0;
     EngineCommands commands([&changes] { ++changes; });
-    commands.Add(QStringLiteral("Time"), QStringLiteral("What is the Time?"),
-                 QStringLiteral("What is the time"), true, true);
-    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes"), QStringLiteral("(Yes)"), false,
-                 false);
-    commands.Add(QStringLiteral(" "), QStringLiteral(" "), QStringLiteral(" "), true, true);
+    commands.Add("Time", "What is the Time?", "What is the time", true, true);
+    commands.Add("Yes", "Yes", "(Yes)", false, false);
+    commands.Add(" ", " ", " ", true, true);
     EXPECT_EQ(commands.Count(), 3);
-    EXPECT_EQ(commands.At(1).Name(), QStringLiteral("Yes"));
-    EXPECT_EQ(commands.Command(QStringLiteral("Time")).Caption(),
-              QStringLiteral("What is the Time?"));
-    EXPECT_EQ(phraseNames(commands), QStringList{QStringLiteral("Time=What is the time")})
+    EXPECT_EQ(commands.At(1).Name(), "Yes");
+    EXPECT_EQ(commands.Command("Time").Caption(), "What is the Time?");
+    EXPECT_EQ(phraseNames(commands), QStringList{"Time=What is the time"})
         << "disabled entries and blank voices are not listened for";
 
     const int before = changes;
-    commands.Command(QStringLiteral("Yes")).setEnabled(true);
-    commands.Command(QStringLiteral("Time")).setVoice(QStringLiteral("(time | clock)"));
-    commands.Command(QStringLiteral("Time")).setCaption(QStringLiteral("Clock"));
-    commands.Command(QStringLiteral("Time")).setVisible(false);
+    commands.Command("Yes").setEnabled(true);
+    commands.Command("Time").setVoice("(time | clock)");
+    commands.Command("Time").setCaption("Clock");
+    commands.Command("Time").setVisible(false);
     EXPECT_EQ(changes, before + 2) << "only voice and enabled changes reach the recogniser";
-    EXPECT_EQ(phraseNames(commands),
-              (QStringList{QStringLiteral("Time=(time | clock)"), QStringLiteral("Yes=(Yes)")}));
+    EXPECT_EQ(phraseNames(commands), (QStringList{"Time=(time | clock)", "Yes=(Yes)"}));
 
-    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes!"), QStringLiteral("(Yes)"), false,
-                 false);
+    commands.Add("Yes", "Yes!", "(Yes)", false, false);
     EXPECT_EQ(commands.Count(), 3) << "an Add of a name in use replaces that entry";
-    EXPECT_EQ(commands.At(1).Caption(), QStringLiteral("Yes!"));
-    EXPECT_EQ(phraseNames(commands), QStringList{QStringLiteral("Time=(time | clock)")});
+    EXPECT_EQ(commands.At(1).Caption(), "Yes!");
+    EXPECT_EQ(phraseNames(commands), QStringList{"Time=(time | clock)"});
 
     commands.RemoveAll();
     EXPECT_EQ(commands.Count(), 0);
@@ -59,40 +53,26 @@ TEST(EngineCommandsTest, ListAndLookup)
 TEST(EngineCommandsTest, UnknownNamesAndPositionsThrow)
 {
     EngineCommands commands([] {});
-    commands.Add(QStringLiteral("Time"), {}, {}, true, true);
-    const auto expectError = [](const std::function<void()>& call, std::int32_t number) {
-        try {
-            call();
-            ADD_FAILURE() << "no error";
-        } catch (const platform::RuntimeError& error) {
-            EXPECT_EQ(error.Number, number);
-            EXPECT_EQ(error.Source, QStringLiteral("Agent.Control.1"));
-            EXPECT_FALSE(error.Description.isEmpty());
-        }
-    };
-    expectError([&] { commands.Command(QStringLiteral("time")); }, errors::CommandNotFound);
-    expectError([&] { commands.Command(QStringLiteral("Date")); }, errors::CommandNotFound);
-    expectError([&] { commands.At(1); }, errors::CommandNotFound);
-    expectError([&] { commands.At(-1); }, errors::CommandNotFound);
-}
-
-QStringList menuTexts(const QMenu& menu)
-{
-    QStringList texts;
-    for (const QAction* action : menu.actions())
-        texts << (action->isSeparator() ? QStringLiteral("----")
-                                        : action->text() + (action->isEnabled() ? "" : " (grey)"));
-    return texts;
+    commands.Add("Time", {}, {}, true, true);
+    const std::function<void()> calls[] = {[&] { commands.Command("time"); },
+                                           [&] { commands.Command("Date"); },
+                                           [&] { commands.At(1); }, [&] { commands.At(-1); }};
+    for (const auto& call : calls) {
+        const platform::RuntimeError error = errorOf(call);
+        EXPECT_EQ(error.Number, errors::CommandNotFound);
+        EXPECT_EQ(error.Source, "Agent.Control.1");
+        EXPECT_FALSE(error.Description.isEmpty());
+    }
 }
 
 TEST(EngineCommandsTest, PopupMenuEntries)
 {
     EngineCommands commands([] {});
-    commands.Add(QStringLiteral("Clip"), QStringLiteral("Read From Clip Board"), {}, true, true);
-    commands.Add(QStringLiteral("Notes"), QStringLiteral("Notes && Reminders"), {}, false, true);
-    commands.Add(QStringLiteral("Yes"), QStringLiteral("Yes"), {}, true, false);
-    commands.Add(QStringLiteral(" "), QStringLiteral(" "), {}, false, true);
-    commands.Add(QStringLiteral(" 1"), QStringLiteral("Editor"), {}, true, true);
+    commands.Add("Clip", "Read From Clip Board", {}, true, true);
+    commands.Add("Notes", "Notes && Reminders", {}, false, true);
+    commands.Add("Yes", "Yes", {}, true, false);
+    commands.Add(" ", " ", {}, false, true);
+    commands.Add(" 1", "Editor", {}, true, true);
 
     struct Case {
         const char* name;
@@ -116,11 +96,6 @@ TEST(EngineCommandsTest, PopupMenuEntries)
         for (QAction* action : menu->actions())
             action->trigger();
         EXPECT_EQ(hides, 1) << test.name;
-        if (test.groupVisible)
-            EXPECT_EQ(picked, (QStringList{QStringLiteral("Clip"), QStringLiteral(" 1")}));
-        else
-            EXPECT_TRUE(picked.isEmpty());
+        EXPECT_EQ(picked, test.groupVisible ? QStringList({"Clip", " 1"}) : QStringList());
     }
 }
-
-} // namespace

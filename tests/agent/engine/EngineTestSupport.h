@@ -4,9 +4,13 @@
 #include "agent/acs/CharacterData.h"
 #include "platform/Agent.h"
 
+#include <QAction>
+#include <QMenu>
 #include <QPoint>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QWidget>
+#include <functional>
 #include <vector>
 
 namespace agent::engine::testing
@@ -18,8 +22,17 @@ class FakeRecognizer : public SpeechRecognizer
 public:
     bool installed() const override { return installed_; }
     bool enabled() const override { return enabled_; }
-    void setPhrases(const std::vector<VoicePhrase>& phrases) override;
-    QWidget* createSettingsPage() override;
+    void setPhrases(const std::vector<VoicePhrase>& list) override
+    {
+        phrases = list;
+        ++updates;
+    }
+    QWidget* createSettingsPage() override
+    {
+        auto* page = new QWidget;
+        page->setObjectName(QStringLiteral("speech input controls"));
+        return page;
+    }
 
     bool installed_ = true;
     bool enabled_ = true;
@@ -31,17 +44,54 @@ public:
 class RecordingEvents : public platform::AgentEvents
 {
 public:
-    void Agent1_Click(const QString& id, int button, int shift, int x, int y) override;
-    void Agent1_Show(const QString& id, int cause) override;
-    void Agent1_Hide(const QString& id, int cause) override;
-    void Agent1_IdleStart(const QString& id) override;
-    void Agent1_Command(const platform::UserInput& input) override;
-    void Agent1_Shutdown() override;
-    void Agent1_Error(const platform::RuntimeError& error) override;
+    void Agent1_Click(const QString& id, int button, int shift, int x, int y) override
+    {
+        events << QStringLiteral("Click %1 %2 %3").arg(id).arg(button).arg(shift);
+        clickPositions << QPoint(x, y);
+    }
+    void Agent1_Show(const QString& id, int cause) override
+    {
+        events << QStringLiteral("Show %1 %2").arg(id).arg(cause);
+    }
+    void Agent1_Hide(const QString& id, int cause) override
+    {
+        events << QStringLiteral("Hide %1 %2").arg(id).arg(cause);
+    }
+    void Agent1_IdleStart(const QString& id) override { events << "IdleStart " + id; }
+    void Agent1_Command(const platform::UserInput& input) override
+    {
+        events << "Command " + input.Name;
+    }
+    void Agent1_Shutdown() override { events << QStringLiteral("Shutdown"); }
+    void Agent1_Error(const platform::RuntimeError& error) override
+    {
+        events << QStringLiteral("Error %1 %2").arg(error.Number).arg(error.Source);
+    }
 
     QStringList events;
     QList<QPoint> clickPositions;
 };
+
+// The error the call throws; number 0 when it throws none.
+inline platform::RuntimeError errorOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const platform::RuntimeError& error) {
+        return error;
+    }
+    return {0, {}, {}};
+}
+
+// The menu's entries as text: "----" for a separator, " (grey)" after a disabled entry.
+inline QStringList menuTexts(const QMenu& menu)
+{
+    QStringList texts;
+    for (const QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QStringLiteral("----")
+                                        : action->text() + (action->isEnabled() ? "" : " (grey)"));
+    return texts;
+}
 
 // Writes the character as an .acs file in a temporary folder and gives its path.
 QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character,

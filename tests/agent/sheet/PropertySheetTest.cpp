@@ -12,9 +12,6 @@
 
 namespace agent
 {
-namespace
-{
-
 class PropertySheetTest : public ::testing::Test
 {
 protected:
@@ -106,5 +103,4 @@ TEST_F(PropertySheetTest, HelpTellsOfTheSlowestRate)
     EXPECT_TRUE(found);
 }
 
-} // namespace
 } // namespace agent
