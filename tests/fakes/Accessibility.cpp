@@ -30,11 +30,13 @@ void ExpectFocusableControlsNamed(QWidget& window)
                           << " has no accessible name";
             continue;
         }
-        for (QWidget* up = control->parentWidget(); up; up = up->parentWidget())
-            if (auto* group = qobject_cast<QGroupBox*>(up))
+        for (QWidget* up = control->parentWidget(); up; up = up->parentWidget()) {
+            if (auto* group = qobject_cast<QGroupBox*>(up)) {
                 EXPECT_NE(name.toStdString(),
                           QString(group->title()).remove(QLatin1Char('&')).toStdString())
                     << qPrintable(id) << " is named only by its group's title";
+            }
+        }
         auto& siblings = namesByParent[control->parentWidget()];
         EXPECT_EQ(siblings.count(name), 0u) << "two controls are named " << qPrintable(name);
         siblings[name] = control;

@@ -162,7 +162,7 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
 
     std::vector<std::size_t> finishOrder;
     std::set<QString> gSaw, hSaw;
-    QTest::qWaitFor(
+    EXPECT_TRUE(QTest::qWaitFor(
         [&] {
             gSaw.insert(g.runtime().balloon().visibleText());
             hSaw.insert(h.runtime().balloon().visibleText());
@@ -173,7 +173,7 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
             }
             return finishOrder.size() == requests.size();
         },
-        5000);
+        5000));
     for (const platform::Request& request : requests)
         EXPECT_EQ(request->Status(), Status::Complete);
     ASSERT_EQ(finishOrder.size(), 4u);
