@@ -5,6 +5,7 @@
 #include "apps/LoadApps.h"
 #include "commands/VoiceCommands.h"
 #include "core/App.h"
+#include "core/Conversions.h"
 #include "core/Guard.h"
 #include "core/OnTop.h"
 #include "core/ReadingState.h"
@@ -49,7 +50,7 @@ QString spoken(QString caption)
 
 bool blank(const QLineEdit* box)
 {
-    return box->text().trimmed().isEmpty();
+    return Conversions::Trim(box->text()).isEmpty();
 }
 
 } // namespace
@@ -226,9 +227,9 @@ void frmApp::List1_Click()
     const bool selected = index >= 0;
     if (selected) {
         const AppRecord& record = AppList[std::size_t(index)];
-        txtName->setText(record.Title.trimmed());
-        txtVoice->setText(record.Voice.trimmed());
-        txtPath->setText(record.Path.trimmed());
+        txtName->setText(Conversions::Trim(record.Title));
+        txtVoice->setText(Conversions::Trim(record.Voice));
+        txtPath->setText(Conversions::Trim(record.Path));
         chkVisible->setChecked(record.ShowInPopup != 0);
         chkVoice->setChecked(record.VoiceActivated != 0);
     }
@@ -246,11 +247,12 @@ std::optional<AppRecord> frmApp::enteredRecord(int except)
             QStringLiteral("Some fields are missing, please enter all fields the add application"));
         return std::nullopt;
     }
-    const QString title = txtName->text().trimmed();
-    const QString voice = txtVoice->text().trimmed();
+    const QString title = Conversions::Trim(txtName->text());
+    const QString voice = Conversions::Trim(txtVoice->text());
     for (int i = 0; i < AppCount(); ++i) {
         const AppRecord& other = AppList[std::size_t(i)];
-        if (i != except && (other.Title.trimmed() == title || other.Voice.trimmed() == voice)) {
+        if (i != except &&
+            (Conversions::Trim(other.Title) == title || Conversions::Trim(other.Voice) == voice)) {
             app.P.dialogs.MsgBox(BoxIcon::Warning, BoxButtons::OK,
                                  QStringLiteral("Cannot Add Item"),
                                  QStringLiteral("An entry with same name or voice command exists"));

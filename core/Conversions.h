@@ -17,6 +17,10 @@ inline double TagValue(const QString& tag)
     return Val(tag.mid(tag.indexOf(QLatin1Char('=')) + 1));
 }
 
+// The text without the blanks at either end, as the old run-time's Trim takes it: only
+// blanks, not tabs or line ends.
+QString Trim(const QString& text);
+
 // The text form of a Boolean as stored in settings: "True" or "False".
 inline QString BoolText(bool value)
 {

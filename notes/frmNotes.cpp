@@ -47,17 +47,6 @@ QPushButton* button(const QString& caption, QWidget* parent)
 }
 
 // Only blanks go, as the fields are filled with blanks; line ends inside a note stay.
-QString TrimBlanks(const QString& text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == QLatin1Char(' '))
-        ++first;
-    while (last > first && text[last - 1] == QLatin1Char(' '))
-        --last;
-    return text.mid(first, last - first);
-}
-
 // The file keeps a note's line ends as carriage return and line feed; the box has line feeds.
 QString StoredText(QString shown)
 {
@@ -240,7 +229,7 @@ bool frmNotes::Form_Load()
             WorkingNotes.insert(WorkingNotes.end(), notes.begin(), notes.end());
             const QSignalBlocker quiet(List1);
             for (const NoteRecord& note : notes)
-                List1->addItem(TrimBlanks(note.NoteName));
+                List1->addItem(Conversions::Trim(note.NoteName));
         }
         if (List1->count() > 0) {
             setListIndex(0);
@@ -287,8 +276,8 @@ void frmNotes::List1_Click()
         const NoteRecord note = WorkingNotes[std::size_t(index) + 1];
         // ListOn before ListEvery: a kind reloads the list that Every points into.
         const std::function<void()> fields[] = {
-            [&] { txtName->setText(TrimBlanks(note.NoteName)); },
-            [&] { txtNote->setPlainText(ShownText(TrimBlanks(note.NoteText))); },
+            [&] { txtName->setText(Conversions::Trim(note.NoteName)); },
+            [&] { txtNote->setPlainText(ShownText(Conversions::Trim(note.NoteText))); },
             [&] { SetCheckValue(chkRemind, note.Remind); },
             [&] { selectEntry(ListOn, note.Kind); },
             [&] { selectEntry(ListEvery, note.Every); },
@@ -325,9 +314,9 @@ void frmNotes::List1_MouseMove()
 NoteRecord frmNotes::enteredNote() const
 {
     NoteRecord note;
-    note.NoteName = TrimBlanks(txtName->text()).left(NoteRecordLayout::NameWidth);
+    note.NoteName = Conversions::Trim(txtName->text()).left(NoteRecordLayout::NameWidth);
     note.NoteText =
-        StoredText(TrimBlanks(txtNote->toPlainText())).left(NoteRecordLayout::TextWidth);
+        StoredText(Conversions::Trim(txtNote->toPlainText())).left(NoteRecordLayout::TextWidth);
     note.Remind = std::int16_t(chkRemind->isChecked() ? 1 : 0);
     note.Kind = std::int16_t(ListOn->currentIndex());
     note.Every = std::int16_t(ListEvery->currentIndex());
@@ -346,7 +335,7 @@ NoteRecord frmNotes::enteredNote() const
 bool frmNotes::nameTaken(const QString& name, int exceptRow) const
 {
     for (int row = 1; row <= NoteCount; ++row)
-        if (row != exceptRow && TrimBlanks(WorkingNotes[std::size_t(row)].NoteName) == name)
+        if (row != exceptRow && Conversions::Trim(WorkingNotes[std::size_t(row)].NoteName) == name)
             return true;
     return false;
 }
@@ -358,7 +347,7 @@ void frmNotes::warn(const QString& title, const QString& text)
 
 void frmNotes::cmdNew_Click()
 {
-    const QString name = TrimBlanks(txtName->text());
+    const QString name = Conversions::Trim(txtName->text());
     if (name.isEmpty()) {
         warn(QStringLiteral("Missing Data"),
              QStringLiteral("You must specify a name for your note"));
@@ -382,7 +371,7 @@ void frmNotes::cmdChange_Click()
     const int index = List1->currentRow();
     if (index < 0)
         return;
-    const QString name = TrimBlanks(txtName->text());
+    const QString name = Conversions::Trim(txtName->text());
     if (name.isEmpty()) {
         warn(QStringLiteral("Missing Data"),
              QStringLiteral("You must have a short name for your note"));

@@ -1,6 +1,7 @@
 #include "reading/RemoveIgnored.h"
 
 #include "core/App.h"
+#include "core/Conversions.h"
 #include "core/frmMain.h"
 
 #include <QCheckBox>
@@ -13,17 +14,9 @@ namespace
 // The event queue runs every so many characters, often enough to keep the window responsive.
 constexpr qsizetype YieldEvery = 256;
 
-// The box's text without spaces at either end, as the old run-time's Trim takes it.
 QString IgnoredText(const QLineEdit& box)
 {
-    const QString text = box.text();
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == QLatin1Char(' '))
-        ++first;
-    while (last > first && text[last - 1] == QLatin1Char(' '))
-        --last;
-    return text.mid(first, last - first);
+    return Conversions::Trim(box.text());
 }
 
 } // namespace
