@@ -79,6 +79,10 @@ struct App {
     std::unique_ptr<frmMain> MainForm;
     // The shut-down confirmation window (commands/), while it is loaded.
     std::unique_ptr<QDialog> ShutForm;
+    // The one reminder window (notes/), while it is loaded, and the record numbers of the
+    // reminders that fell due while it was open, in the order they came up.
+    std::unique_ptr<QDialog> RemindForm;
+    std::vector<int> WaitingReminders;
 };
 
 inline const QString CharacterId = QStringLiteral("G");

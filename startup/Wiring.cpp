@@ -12,6 +12,7 @@
 #include "core/MainWindow.h"
 #include "core/frmMain.h"
 #include "info/frmSplash.h"
+#include "notes/RemindTimer.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
 
@@ -93,6 +94,7 @@ void ConnectWindow(App& app)
     on(f.mnuQuorlDate, &QAction::triggered, "mnuQuorlDate_Click", SayDate);
     on(f.mnuFileRead, &QAction::triggered, "mnuFileRead_Click", mnuFileRead_Click);
     on(f.Timer2, &QTimer::timeout, "Timer2_Timer", Timer2_Timer);
+    on(f.RemindTimer, &QTimer::timeout, "RemindTimer_Timer", RemindTimer_Timer);
     on(f.cmdStop, &QPushButton::clicked, "cmdStop_Click", cmdStop_Click);
     on(f.cmdCont, &QPushButton::clicked, "cmdCont_Click", cmdCont_Click);
     on(f.cmdNext, &QPushButton::clicked, "cmdNext_Click", cmdNext_Click);
