@@ -27,11 +27,12 @@ int Hour(const NoteRow& row)
 }
 
 // There is one reminder window. A reminder that falls due while it is open (a tick during a
-// modal reminder, or a note behind a Weekly one) waits, and is announced when the window has
-// closed if it is still due then, that is if its minute has not passed; the note that the open
-// window already shows does not wait behind itself. A Weekly reminder never holds the pass,
-// and one that comes up while another modal window of the program is open appears on top of
-// that window (see ShowRemindForm).
+// modal reminder, or a note behind a Weekly one) waits until that window has closed and no pass
+// is under way, and is announced then if it is still due, that is if its minute has not passed;
+// a note that a pass reaches while it waits is announced by the pass instead, and the note that
+// the open window shows does not wait behind itself. A Weekly reminder never holds the pass;
+// one that comes up while another modal window of the program is open appears on top of that
+// window (see ShowRemindForm).
 void Announce(App& app, int number, bool modal)
 {
     std::vector<int>& waiting = app.WaitingReminders;
@@ -49,10 +50,13 @@ void Announce(App& app, int number, bool modal)
 
 bool ReminderDue(const NoteRow& row, const QDateTime& local)
 {
-    const QDate date = local.date();
-    const QTime time = local.time();
-    if (row.Remind != 1 || time.minute() != row.MinuteIndex || time.hour() != Hour(row))
+    if (row.Remind != 1)
         return false;
+    // The minute of the day in one step: the scheduler asks this of every note every minute.
+    const int minuteOfDay = local.time().msecsSinceStartOfDay() / 60000;
+    if (minuteOfDay % 60 != row.MinuteIndex || minuteOfDay / 60 != Hour(row))
+        return false;
+    const QDate date = local.date();
     const bool day = date.day() == row.Day;
     const bool month = date.month() == row.Every + 1;
     switch (row.Kind) {
@@ -74,25 +78,34 @@ bool ReminderDue(const NoteRow& row, const QDateTime& local)
 
 void RemindTimer_Timer(App& app)
 {
-    const std::size_t last = app.NoteTable.size() - 1;
-    for (std::size_t i = 1; i <= last; ++i) {
-        QCoreApplication::processEvents();
-        // The notes window, reached from a reminder or while events ran, can have replaced the
-        // table with a shorter one.
-        if (i >= app.NoteTable.size())
-            return;
-        const NoteRow row = app.NoteTable[i];
-        // The clock is read afresh for every note: one behind a modal reminder is compared with
-        // the time at which that window closed.
-        if (ReminderDue(row, app.P.clock.Now()))
-            Announce(app, int(i), row.Kind != Weekly);
+    struct Pass {
+        explicit Pass(App& app) : app(app) { ++app.RemindPasses; }
+        ~Pass() { --app.RemindPasses; }
+        App& app;
+    };
+    {
+        const Pass pass(app);
+        const std::size_t last = app.NoteTable.size() - 1;
+        for (std::size_t i = 1; i <= last; ++i) {
+            QCoreApplication::processEvents();
+            // The notes window, reached from a reminder or while events ran, can have replaced
+            // the table with a shorter one.
+            if (i >= app.NoteTable.size())
+                break;
+            const NoteRow row = app.NoteTable[i];
+            // The clock is read afresh for every note: one behind a modal reminder is compared
+            // with the time at which that window closed.
+            if (ReminderDue(row, app.P.clock.Now()))
+                Announce(app, int(i), row.Kind != Weekly);
+        }
     }
+    AnnounceWaitingReminders(app);
 }
 
 void AnnounceWaitingReminders(App& app)
 {
     std::vector<int>& waiting = app.WaitingReminders;
-    while (!app.RemindForm && !waiting.empty()) {
+    while (app.RemindPasses == 0 && !app.RemindForm && !waiting.empty()) {
         const int number = waiting.front();
         waiting.erase(waiting.begin());
         if (std::size_t(number) >= app.NoteTable.size())

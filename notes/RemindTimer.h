@@ -14,5 +14,5 @@ bool ReminderDue(const NoteRow& row, const QDateTime& local);
 void RemindTimer_Timer(App& app);
 
 // Announces, in the order they came up, the reminders that fell due while the reminder window
-// was open and are still due now; run once that window has closed.
+// was open and are still due now; nothing while that window is open or a pass is under way.
 void AnnounceWaitingReminders(App& app);
