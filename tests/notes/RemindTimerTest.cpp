@@ -214,6 +214,7 @@ TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
         onWindow = c.onWindow;
         RemindTimer_Timer(app);
         EXPECT_EQ(shown, c.shown);
+        EXPECT_TRUE(fp.dialogs.boxes.empty());
         EXPECT_FALSE(RemindForm(app));
         QTRY_VERIFY(app.WaitingReminders.empty());
         EXPECT_EQ(shown, c.shown);

@@ -150,6 +150,7 @@ TEST_F(frmRemindTest, EnterPressesClose)
         SCOPED_TRACE(inText ? "in the note's text" : "as the window opens");
         frmRemind* form = open();
         ASSERT_TRUE(form);
+        EXPECT_TRUE(form->cmdClose->isDefault());
         EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         EXPECT_EQ(app.ModalOpen, 1);
         EXPECT_FALSE(character().Commands().Visible());
