@@ -23,6 +23,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -31,6 +32,8 @@
 
 using platform::BoxButtons;
 using platform::BoxIcon;
+
+Q_LOGGING_CATEGORY(lcNotes, "quorl.notes", QtWarningMsg)
 
 namespace
 {
@@ -148,6 +151,7 @@ bool frmRemind::ReadRecord()
     const NoteRecord note = file.Read(RecordNumber);
     txtNote->setPlainText(note.NoteText);
     lblName->setText(note.NoteName);
+    qCDebug(lcNotes) << "reminder" << RecordNumber << note.NoteName << note.NoteText;
     return true;
 }
 
