@@ -3,6 +3,7 @@
 #include "notes/NotesFixture.h"
 #include "notes/frmRemind.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -245,6 +246,22 @@ TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
         EXPECT_EQ(shown, closedInTime ? QStringList{"Daily"} : QStringList{});
         EXPECT_FALSE(RemindForm(app));
     }
+}
+
+TEST_F(RemindTimerTest, AWeeklyReminderComesOnTopOfAnotherModalWindowWithoutHoldingThePass)
+{
+    notes({Note("Weekly", "w", Reminder(Weekly, 14, 25, 0))});
+    QDialog other;
+    other.setModal(true);
+    other.show();
+    ASSERT_EQ(QApplication::activeModalWidget(), &other);
+
+    RemindTimer_Timer(app);
+    ASSERT_TRUE(RemindForm(app));
+    EXPECT_TRUE(RemindForm(app)->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), RemindForm(app));
+    RemindForm(app)->cmdClose->click();
+    EXPECT_EQ(QApplication::activeModalWidget(), &other);
 }
 
 } // namespace
