@@ -75,6 +75,12 @@ struct App {
     std::unique_ptr<frmMain> MainForm;
     // The shut-down confirmation window (commands/), while it is loaded.
     std::unique_ptr<QDialog> ShutForm;
+    // The one reminder window (notes/), while it is loaded; the record numbers of the
+    // reminders that fell due while it was open, in the order they came up; and the reminder
+    // passes under way (a tick can come while a pass waits for a window).
+    std::unique_ptr<QDialog> RemindForm;
+    std::vector<int> WaitingReminders;
+    int RemindPasses = 0;
 };
 
 inline const QString CharacterId = QStringLiteral("G");

@@ -2,5 +2,6 @@
 
 struct App;
 
-// Reads Notes.cfg into the table of schedule rows.
+// Rebuilds the table of schedule rows from Notes.cfg, and runs the reminder timer only when
+// some note has its reminder on (Remind exactly 1). No file or an empty one is no error.
 void LoadNotes(App& app);

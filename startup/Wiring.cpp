@@ -15,6 +15,7 @@
 #include "info/frmAbout.h"
 #include "info/frmSplash.h"
 #include "notes/frmNotes.h"
+#include "notes/RemindTimer.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
 #include "settings/frmOptions.h"
@@ -100,6 +101,7 @@ void ConnectWindow(App& app)
        mnuQuorlReminders_Click);
     on(f.mnuFileRead, &QAction::triggered, "mnuFileRead_Click", mnuFileRead_Click);
     on(f.Timer2, &QTimer::timeout, "Timer2_Timer", Timer2_Timer);
+    on(f.RemindTimer, &QTimer::timeout, "RemindTimer_Timer", RemindTimer_Timer);
     on(f.cmdStop, &QPushButton::clicked, "cmdStop_Click", cmdStop_Click);
     on(f.cmdCont, &QPushButton::clicked, "cmdCont_Click", cmdCont_Click);
     on(f.cmdNext, &QPushButton::clicked, "cmdNext_Click", cmdNext_Click);

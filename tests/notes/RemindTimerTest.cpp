@@ -1,0 +1,267 @@
+#include "notes/RemindTimer.h"
+
+#include "notes/NotesFixture.h"
+#include "notes/frmRemind.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <random>
+#include <set>
+
+namespace
+{
+
+enum { Once, Daily, Weekly, Monthly, Yearly };
+
+QDateTime At(const QDate& date, int hour, int minute, int second = 0)
+{
+    return QDateTime(date, QTime(hour, minute, second), Qt::UTC);
+}
+
+// The days from the first of January of `from` to the last of December of `to` on which the
+// row is due at that time of day.
+std::vector<QDate> DaysDue(const NoteRow& row, int hour, int minute, int from, int to)
+{
+    std::vector<QDate> days;
+    for (QDate day(from, 1, 1); day.year() <= to; day = day.addDays(1))
+        if (ReminderDue(row, At(day, hour, minute)))
+            days.push_back(day);
+    return days;
+}
+
+TEST(ReminderDueTest, TwelveHourPositionsMeanTheirHourToTheMinute)
+{
+    NoteRow twelveAm;
+    twelveAm.Remind = 1;
+    twelveAm.Kind = Daily;
+    twelveAm.HourIndex = 11;
+    twelveAm.MinuteIndex = 5;
+    NoteRow twelvePm = twelveAm;
+    twelvePm.AmPm = 1;
+    NoteRow onePm = twelvePm;
+    onePm.HourIndex = 0;
+    const QDate day(2026, 3, 1);
+    const struct {
+        const char* what;
+        NoteRow row;
+        QDateTime when;
+        bool due;
+    } cases[] = {
+        {"12 AM at 00:05", twelveAm, At(day, 0, 5), true},
+        {"12 AM at 12:05", twelveAm, At(day, 12, 5), false},
+        {"12 PM at 12:05", twelvePm, At(day, 12, 5), true},
+        {"12 PM at 00:05", twelvePm, At(day, 0, 5), false},
+        {"01 PM at 13:05, seconds not compared", onePm, At(day, 13, 5, 59), true},
+        {"01 PM at 13:06", onePm, At(day, 13, 6), false},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ReminderDue(c.row, c.when), c.due) << c.what;
+}
+
+TEST(ReminderDueTest, CalendarKindsFallDueOnlyOnDatesThatExist)
+{
+    NoteRow off = Reminder(Daily, 9, 0);
+    off.Remind = 0;
+    NoteRow two = off;
+    two.Remind = 2;
+    const auto day = [](int y, int m, int d) { return QDate(y, m, d); };
+    const struct {
+        const char* what;
+        NoteRow row;
+        std::vector<QDate> days;
+    } cases[] = {
+        {"Monthly on the 31st: the seven long months",
+         Reminder(Monthly, 9, 0, 0, 31),
+         {day(2023, 1, 31), day(2023, 3, 31), day(2023, 5, 31), day(2023, 7, 31), day(2023, 8, 31),
+          day(2023, 10, 31), day(2023, 12, 31)}},
+        {"Yearly on 29 February: leap years",
+         Reminder(Yearly, 9, 0, 1, 29),
+         {day(2024, 2, 29), day(2028, 2, 29)}},
+        {"Once: its own year only", Reminder(Once, 9, 0, 10, 22, 2025), {day(2025, 11, 22)}},
+        {"unknown kind 5", Reminder(5, 9, 0, 0, 1), {}},
+        {"unknown kind -1", Reminder(-1, 9, 0, 0, 1), {}},
+        {"Remind 0", off, {}},
+        {"Remind 2", two, {}},
+    };
+    for (const auto& c : cases) {
+        std::vector<QDate> days = DaysDue(c.row, 9, 0, 2023, 2028);
+        // A monthly note's first year is enough.
+        if (c.row.Kind == Monthly)
+            std::erase_if(days, [](const QDate& day) { return day.year() > 2023; });
+        EXPECT_EQ(days, c.days) << c.what;
+    }
+}
+
+// The oracle: the minutes of `year` at which a row is due, worked out from the table of kinds
+// by walking the calendar, with its own reading of the twelve-hour lists.
+std::vector<QDateTime> Firings(const NoteRow& row, int year)
+{
+    static const int hours[2][12] = {{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0},
+                                     {13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 12}};
+    if (row.Remind != 1 || row.MinuteIndex < 0 || row.MinuteIndex > 59)
+        return {};
+    const int hour = hours[row.AmPm][row.HourIndex];
+    std::vector<QDate> days;
+    const QDate first(year, 1, 1);
+    for (int d = 0; d < first.daysInYear(); ++d) {
+        const QDate day = first.addDays(d);
+        const bool date = QDate(year, row.Every + 1, row.Day) == day;
+        const char* names[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+        const bool weekday = row.Every >= 0 && row.Every < 7 &&
+                             QLocale::c().toString(day, QStringLiteral("ddd")) == names[row.Every];
+        if ((row.Kind == Once && row.Year == year && date) || row.Kind == Daily ||
+            (row.Kind == Weekly && weekday) || (row.Kind == Monthly && day.day() == row.Day) ||
+            (row.Kind == Yearly && date))
+            days.push_back(day);
+    }
+    std::vector<QDateTime> minutes;
+    for (const QDate& day : days)
+        minutes.push_back(At(day, hour, row.MinuteIndex));
+    return minutes;
+}
+
+TEST(ReminderDueTest, AYearMinuteByMinuteFiresWhatTheCalendarSays)
+{
+    constexpr int year = 2028;
+    std::mt19937 random(2028);
+    const auto pick = [&random](int low, int high) {
+        return std::uniform_int_distribution<int>(low, high)(random);
+    };
+    std::vector<NoteRow> rows(1000);
+    for (NoteRow& row : rows) {
+        row.Remind = std::int16_t(pick(0, 3) == 0 ? pick(-1, 2) : 1);
+        row.Kind = std::int16_t(pick(-1, 5));
+        row.Every = std::int16_t(pick(-1, 12));
+        row.Day = std::int16_t(pick(0, 32));
+        row.Year = std::int16_t(pick(year - 1, year + 1));
+        row.HourIndex = std::int16_t(pick(0, 11));
+        row.MinuteIndex = std::int16_t(pick(-1, 60));
+        row.AmPm = std::int16_t(pick(0, 1));
+    }
+    std::set<std::pair<QDateTime, std::size_t>> expected;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (const QDateTime& minute : Firings(rows[i], year))
+            expected.insert({minute, i});
+
+    std::set<std::pair<QDateTime, std::size_t>> fired;
+    const QDateTime end = At(QDate(year + 1, 1, 1), 0, 0);
+    for (QDateTime now = At(QDate(year, 1, 1), 0, 0); now < end; now = now.addSecs(60))
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (ReminderDue(rows[i], now))
+                fired.insert({now, i});
+
+    EXPECT_GT(expected.size(), 10000u);
+    EXPECT_TRUE(fired == expected) << fired.size() << " fired, " << expected.size() << " expected";
+}
+
+// The scheduler's pass with the reminder window: each modal window records the note it shows.
+class RemindTimerTest : public NotesFixture
+{
+protected:
+    RemindTimerTest()
+    {
+        fp.onModal = [this](QDialog&) {
+            shown << RemindForm(app)->lblName->text();
+            if (onWindow)
+                onWindow(shown.size());
+        };
+    }
+
+    QStringList shown;
+    // Runs while a modal reminder is up, with its position in the pass.
+    std::function<void(int)> onWindow;
+};
+
+TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
+{
+    const QDate today(2026, 11, 22);
+    const std::vector<NoteRecord> records = {
+        Note("Due now", "a", Reminder(Daily, 14, 25)),
+        Note("Also due now", "b", Reminder(Once, 14, 25, 10, 22, 2026)),
+        Note("Due next minute", "c", Reminder(Yearly, 14, 26, 10, 22)),
+    };
+    const struct {
+        const char* what;
+        std::function<void(int)> onWindow;
+        QStringList shown;
+    } cases[] = {
+        {"closed within the minute", nullptr, {"Due now", "Also due now"}},
+        {"a tick while the first is up changes nothing",
+         [&](int window) {
+             if (window == 1)
+                 RemindTimer_Timer(app);
+         },
+         {"Due now", "Also due now"}},
+        {"the first held into the next minute",
+         [&](int window) {
+             if (window == 1)
+                 fp.clock.now = At(today, 14, 26, 10);
+         },
+         {"Due now", "Due next minute"}},
+        {"the table replaced while the first is up",
+         [&](int) {
+             WriteNotesFile(notesFile(), {records[0]});
+             LoadNotes(app);
+         },
+         {"Due now"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        notes(records);
+        fp.clock.now = At(today, 14, 25, 30);
+        shown.clear();
+        onWindow = c.onWindow;
+        RemindTimer_Timer(app);
+        EXPECT_EQ(shown, c.shown);
+        EXPECT_TRUE(fp.dialogs.boxes.empty());
+        EXPECT_FALSE(RemindForm(app));
+        QTRY_VERIFY(app.WaitingReminders.empty());
+        EXPECT_EQ(shown, c.shown);
+    }
+}
+
+TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
+{
+    const QDate sunday(2026, 11, 22);
+    for (const bool closedInTime : {true, false}) {
+        SCOPED_TRACE(closedInTime ? "closed within the minute" : "closed after the minute");
+        notes({Note("Weekly", "w", Reminder(Weekly, 14, 25, 0)),
+               Note("Daily", "d", Reminder(Daily, 14, 25))});
+        fp.clock.now = At(sunday, 14, 25);
+        shown.clear();
+
+        RemindTimer_Timer(app);
+        ASSERT_TRUE(RemindForm(app));
+        EXPECT_TRUE(RemindForm(app)->isVisible());
+        EXPECT_EQ(RemindForm(app)->lblName->text(), QStringLiteral("Weekly"));
+        EXPECT_TRUE(shown.isEmpty());
+        EXPECT_EQ(app.WaitingReminders, std::vector<int>{2});
+
+        if (!closedInTime)
+            fp.clock.now = At(sunday, 14, 26);
+        RemindForm(app)->cmdClose->click();
+        QTRY_VERIFY(app.WaitingReminders.empty());
+        EXPECT_EQ(shown, closedInTime ? QStringList{"Daily"} : QStringList{});
+        EXPECT_FALSE(RemindForm(app));
+    }
+}
+
+TEST_F(RemindTimerTest, AWeeklyReminderComesOnTopOfAnotherModalWindowWithoutHoldingThePass)
+{
+    notes({Note("Weekly", "w", Reminder(Weekly, 14, 25, 0))});
+    QDialog other;
+    other.setModal(true);
+    other.show();
+    ASSERT_EQ(QApplication::activeModalWidget(), &other);
+
+    RemindTimer_Timer(app);
+    ASSERT_TRUE(RemindForm(app));
+    EXPECT_TRUE(RemindForm(app)->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), RemindForm(app));
+    RemindForm(app)->cmdClose->click();
+    EXPECT_EQ(QApplication::activeModalWidget(), &other);
+}
+
+} // namespace
