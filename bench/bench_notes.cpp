@@ -56,6 +56,7 @@ struct Program {
                                 fp.power,
                                 fp.instance,
                                 fp.process,
+                                fp.endRequests,
                                 fp.tray,
                                 fp.platform.createAgent,
                                 fp.platform.showModal,
