@@ -37,8 +37,10 @@ PocketSphinxRecognizer::PocketSphinxRecognizer(const QString& modelFolder, QObje
     thread_.start();
     QMetaObject::invokeMethod(worker_, [worker = worker_, threshold = threshold_] {
         worker->setThreshold(threshold);
-        worker->load();
     });
+    // Without the model's files speech input is simply not installed: nothing to report.
+    if (installed_)
+        QMetaObject::invokeMethod(worker_, &RecognitionWorker::load);
     connect(&key_, &PushToTalkKey::pressed, this, &PocketSphinxRecognizer::onKeyPressed);
     connect(&key_, &PushToTalkKey::released, this, &PocketSphinxRecognizer::stopListening);
     connect(&microphone_, &MicrophoneInput::captured, this,

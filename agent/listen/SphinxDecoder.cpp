@@ -4,8 +4,12 @@
 #include <QFileInfo>
 #include <QStringList>
 #include <algorithm>
+#include <cerrno>
 #include <limits>
 #include <pocketsphinx.h>
+#include <sphinxbase/err.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace agent::listen
 {
@@ -14,6 +18,13 @@ namespace
 {
 constexpr const char* GrammarSearch = "grammar";
 constexpr const char* LoopSearch = "loop";
+
+// In the child that tries the model: fail at once, without the parent's exit handlers.
+void leaveOnFatalError(void*, err_lvl_t level, const char*, ...)
+{
+    if (level == ERR_FATAL)
+        _exit(EXIT_FAILURE);
+}
 } // namespace
 
 QString SphinxDecoder::modelFolder()
@@ -37,19 +48,24 @@ void SphinxDecoder::Free::operator()(ps_decoder_s* decoder) const
 }
 
 SphinxDecoder::SphinxDecoder(const QString& modelFolder)
-    : grammar_(loadModel(modelFolder)), loop_(grammar_ ? loadModel(modelFolder) : nullptr)
 {
-    if (loop_ && !setUpPhoneLoop())
+    if (!modelPresent(modelFolder))
+        return;
+    const QByteArray hmm = QFile::encodeName(modelFolder + QStringLiteral("/en-us"));
+    if (!loadsInChild(hmm.constData()))
+        return;
+    grammar_.reset(initDecoder(hmm.constData()));
+    loop_.reset(initDecoder(hmm.constData()));
+    if (!isLoaded() || !setUpPhoneLoop()) {
+        grammar_.reset();
         loop_.reset();
+    }
 }
 
 SphinxDecoder::~SphinxDecoder() = default;
 
-SphinxDecoder::Decoder SphinxDecoder::loadModel(const QString& modelFolder)
+ps_decoder_s* SphinxDecoder::initDecoder(const char* hmm)
 {
-    if (!modelPresent(modelFolder))
-        return nullptr;
-    const QByteArray hmm = QFile::encodeName(modelFolder + QStringLiteral("/en-us"));
     // No dictionary file: the words of each grammar are added one by one, which keeps the
     // start fast (the full dictionary costs about 100 ms more).
     // All senones are scored in every frame: PocketSphinx normalises each frame by its best
@@ -58,13 +74,34 @@ SphinxDecoder::Decoder SphinxDecoder::loadModel(const QString& modelFolder)
     // The cepstral mean comes from the utterances heard before rather than from the whole
     // utterance, so that frames are scored as they arrive; it follows the voice and the
     // microphone from one utterance to the next.
-    cmd_ln_t* config = cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", hmm.constData(), "-compallsen",
-                                   "yes", "-cmn", "live", "-logfn", "/dev/null", nullptr);
+    cmd_ln_t* config = cmd_ln_init(nullptr, ps_args(), TRUE, "-hmm", hmm, "-compallsen", "yes",
+                                   "-cmn", "live", "-logfn", "/dev/null", nullptr);
     if (!config)
         return nullptr;
-    Decoder decoder(ps_init(config));
+    ps_decoder_s* decoder = ps_init(config);
     cmd_ln_free_r(config);
     return decoder;
+}
+
+// sphinxbase ends the whole process when a model file is damaged, so a child process loads
+// the model first; a damaged model is then reported rather than taking the program with it.
+bool SphinxDecoder::loadsInChild(const char* hmm)
+{
+    const pid_t child = fork();
+    if (child < 0)
+        return false;
+    if (child == 0) {
+        // Only this thread exists here: whatever happens, leave without the parent's exit
+        // handlers.
+        err_set_callback(leaveOnFatalError, nullptr);
+        _exit(initDecoder(hmm) ? EXIT_SUCCESS : EXIT_FAILURE);
+    }
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR)
+            return false;
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
 }
 
 // A loop over every phone, as a grammar of one-phone words: it explains any speech at least

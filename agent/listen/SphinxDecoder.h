@@ -66,7 +66,8 @@ private:
         int end = 0;
         std::int32_t acousticScore = 0;
     };
-    static Decoder loadModel(const QString& modelFolder);
+    static ps_decoder_s* initDecoder(const char* hmm);
+    static bool loadsInChild(const char* hmm);
     bool setUpPhoneLoop();
     static std::vector<Segment> bestPath(ps_decoder_s* decoder);
     static double loopScoreWithin(const std::vector<Segment>& loop, int start, int end);
