@@ -5,6 +5,7 @@
 #include "agent/listen/SpeechPage.h"
 #include "agent/listen/SphinxDecoder.h"
 #include "agent/listen/WavFile.h"
+#include "agent/sheet/EngineSettings.h"
 #include "platform/RuntimeError.h"
 
 namespace agent::listen
@@ -35,14 +36,17 @@ PocketSphinxRecognizer::PocketSphinxRecognizer(const QString& modelFolder, QObje
             Qt::QueuedConnection);
     thread_.setObjectName(QStringLiteral("speech input"));
     thread_.start();
-    QMetaObject::invokeMethod(worker_, [worker = worker_, threshold = threshold_] {
-        worker->setThreshold(threshold);
-    });
+    QMetaObject::invokeMethod(
+        worker_, [worker = worker_, threshold = threshold_] { worker->setThreshold(threshold); });
     // Without the model's files speech input is simply not installed: nothing to report.
     if (installed_)
         QMetaObject::invokeMethod(worker_, &RecognitionWorker::load);
     connect(&key_, &PushToTalkKey::pressed, this, &PocketSphinxRecognizer::onKeyPressed);
     connect(&key_, &PushToTalkKey::released, this, &PocketSphinxRecognizer::stopListening);
+    connect(&EngineSettings::shared(), &EngineSettings::changed, this, [this](const QString& key) {
+        if (key.isEmpty() || key.startsWith(SpeechInputSettings::Group))
+            applySettings();
+    });
     connect(&microphone_, &MicrophoneInput::captured, this,
             [this](const std::vector<std::int16_t>& samples) { feedAudio(samples); });
     applySettings();
@@ -89,9 +93,7 @@ void PocketSphinxRecognizer::setPhrases(const std::vector<VoicePhrase>& phrases)
 
 QWidget* PocketSphinxRecognizer::createSettingsPage()
 {
-    auto* page = new SpeechPage;
-    connect(page, &SpeechPage::settingsChanged, this, &PocketSphinxRecognizer::applySettings);
-    return page;
+    return new SpeechPage;
 }
 
 void PocketSphinxRecognizer::setThreshold(double threshold)
