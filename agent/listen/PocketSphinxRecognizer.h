@@ -34,7 +34,7 @@ public:
     bool enabled() const override;
     void setEnabled(bool on);
     void setPhrases(const std::vector<VoicePhrase>& phrases) override;
-    // A SpeechPage whose changes this recogniser applies at once.
+    // A SpeechPage; its changes reach this recogniser through the engine's settings.
     QWidget* createSettingsPage() override;
 
     double threshold() const { return threshold_; }
@@ -45,8 +45,8 @@ public:
     // The same from a WAV file in that format; false when it cannot be read.
     bool recognizeFile(const QString& wavPath);
 
-    // Re-reads the "Speech" page's settings: grabs the listening key, starts or stops
-    // hands-free listening, takes the threshold.
+    // Takes the "Speech" page's settings, as they change: grabs the listening key, starts or
+    // stops hands-free listening, takes the threshold.
     void applySettings();
 
     // What the listening key does. Throws platform::RuntimeError 0x80040317 when another
