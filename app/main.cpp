@@ -4,6 +4,7 @@
 #include "agent/listen/PocketSphinxRecognizer.h"
 #include "agent/speech/EspeakSpeechOutput.h"
 #include "core/App.h"
+#include "core/StartupTrace.h"
 #include "platform/linux/FileRegistryStore.h"
 #include "platform/linux/LogindPower.h"
 #include "platform/linux/QtDialogs.h"
@@ -18,6 +19,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
+#include <QTimer>
 #include <cstdio>
 
 namespace
@@ -55,6 +57,7 @@ std::unique_ptr<platform::Agent> createEngine()
 
 int main(int argc, char** argv)
 {
+    TraceStartup("main");
     if (!haveDisplay()) {
         std::fputs("Quorl needs a graphical desktop session, and none was found (DISPLAY and "
                    "WAYLAND_DISPLAY are not set).\nOn a machine without a display, run it "
@@ -107,5 +110,7 @@ int main(int argc, char** argv)
 
     App app(platform);
     Main(app);
+    TraceStartup("main form loaded");
+    QTimer::singleShot(0, [] { TraceStartup("event loop running"); });
     return application.exec();
 }

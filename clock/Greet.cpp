@@ -7,6 +7,7 @@
 #include "core/App.h"
 #include "core/Conversions.h"
 #include "core/ReportError.h"
+#include "core/StartupTrace.h"
 
 void Greet(App& app)
 {
@@ -17,6 +18,7 @@ void Greet(App& app)
         const QString timeGreeting = s.Get(QStringLiteral("TimeGreeting"), QStringLiteral("1"));
         if (Conversions::Val(timeGreeting) != 1)
             return;
+        TraceStartup("greeting handed to the character");
         SayText(app, GreetingWord(app.P.clock.Now().time().hour()), true);
         if (greeting == 0 || greeting == 1)
             SayTime(app);

@@ -26,6 +26,11 @@ AgentEngine::AgentEngine(std::unique_ptr<SpeechOutput> speech,
           },
           [this] { updatePhrases(); })
 {
+    QObject::connect(&EngineSettings::shared(), &EngineSettings::changed, &eventContext_,
+                     [this](const QString& key) {
+                         if (key.isEmpty() || key.startsWith(QLatin1String("Output/")))
+                             applyOutputSettings();
+                     });
     if (recognizer_) {
         QObject::connect(
             recognizer_.get(), &SpeechRecognizer::commandRecognized, &eventContext_,
@@ -50,7 +55,7 @@ AgentEngine::~AgentEngine() = default;
 
 bool AgentEngine::AudioOutputEnabled() const
 {
-    return speech_->available() && EngineSettings().speechOutputEnabled();
+    return speech_->available() && EngineSettings::shared().speechOutputEnabled();
 }
 
 bool AgentEngine::SpeechInputInstalled() const
@@ -87,8 +92,6 @@ PropertySheet& AgentEngine::propertySheet()
         sheet_ = std::make_unique<PropertySheet>();
         if (QWidget* page = recognizer_ ? recognizer_->createSettingsPage() : nullptr)
             sheet_->setSpeechPage(page);
-        QObject::connect(sheet_.get(), &PropertySheet::outputSettingsChanged, &eventContext_,
-                         [this] { applyOutputSettings(); });
     }
     return *sheet_;
 }
@@ -101,7 +104,7 @@ AgentEngine::makeCharacter(const QString& id, std::shared_ptr<const acs::Charact
         id, std::move(data), channel_.seat(), options_.timing, seed,
         [this](std::function<void(platform::AgentEvents&)> event) { raise(std::move(event)); },
         [this] { updatePhrases(); });
-    const EngineSettings settings;
+    const EngineSettings& settings = EngineSettings::shared();
     character->applyEngineSwitches(settings.balloonEnabled(), settings.soundEffectsEnabled());
     return character;
 }
@@ -140,7 +143,7 @@ void AgentEngine::updatePhrases()
 
 void AgentEngine::applyOutputSettings()
 {
-    const EngineSettings settings;
+    const EngineSettings& settings = EngineSettings::shared();
     for (EngineCharacter* character : characters_.all())
         character->applyEngineSwitches(settings.balloonEnabled(), settings.soundEffectsEnabled());
 }

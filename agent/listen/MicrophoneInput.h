@@ -24,13 +24,13 @@ public:
     Start start();
     void stop();
     bool isRunning() const { return device_ != nullptr; }
+    // Hands over at once what the sound server has delivered so far.
+    void readAvailable();
 
 signals:
     void captured(const std::vector<std::int16_t>& samples);
 
 private:
-    void readAvailable();
-
     std::unique_ptr<QAudioSource> source_;
     QIODevice* device_ = nullptr; // owned by source_
     QByteArray partial_;          // an odd byte left from the last read

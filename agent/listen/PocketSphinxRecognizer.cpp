@@ -3,14 +3,28 @@
 #include "agent/listen/ListeningTip.h"
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/SpeechPage.h"
+#include "agent/listen/SphinxDecoder.h"
 #include "agent/listen/WavFile.h"
+#include "agent/sheet/EngineSettings.h"
 #include "platform/RuntimeError.h"
 
 namespace agent::listen
 {
 
+namespace
+{
+// A sound server's usual period: how the microphone's audio reaches the recogniser.
+constexpr std::size_t SamplesPerPiece = 1024;
+} // namespace
+
 PocketSphinxRecognizer::PocketSphinxRecognizer(QObject* parent)
-    : SpeechRecognizer(parent), worker_(new RecognitionWorker),
+    : PocketSphinxRecognizer(SphinxDecoder::modelFolder(), parent)
+{
+}
+
+PocketSphinxRecognizer::PocketSphinxRecognizer(const QString& modelFolder, QObject* parent)
+    : SpeechRecognizer(parent), worker_(new RecognitionWorker(modelFolder)),
+      installed_(SphinxDecoder::modelPresent(modelFolder)),
       threshold_(SpeechInputSettings().threshold())
 {
     qRegisterMetaType<agent::listen::Utterance>();
@@ -18,17 +32,21 @@ PocketSphinxRecognizer::PocketSphinxRecognizer(QObject* parent)
     connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);
     connect(worker_, &RecognitionWorker::recognized, this, &PocketSphinxRecognizer::onRecognized,
             Qt::QueuedConnection);
-    std::promise<bool> loaded;
-    loaded_ = loaded.get_future().share();
+    connect(worker_, &RecognitionWorker::loadFailed, this, &PocketSphinxRecognizer::onLoadFailed,
+            Qt::QueuedConnection);
     thread_.setObjectName(QStringLiteral("speech input"));
     thread_.start();
     QMetaObject::invokeMethod(
-        worker_, [worker = worker_, threshold = threshold_, loaded = std::move(loaded)]() mutable {
-            worker->setThreshold(threshold);
-            loaded.set_value(worker->load());
-        });
+        worker_, [worker = worker_, threshold = threshold_] { worker->setThreshold(threshold); });
+    // Without the model's files speech input is simply not installed: nothing to report.
+    if (installed_)
+        QMetaObject::invokeMethod(worker_, &RecognitionWorker::load);
     connect(&key_, &PushToTalkKey::pressed, this, &PocketSphinxRecognizer::onKeyPressed);
     connect(&key_, &PushToTalkKey::released, this, &PocketSphinxRecognizer::stopListening);
+    connect(&EngineSettings::shared(), &EngineSettings::changed, this, [this](const QString& key) {
+        if (key.isEmpty() || key.startsWith(SpeechInputSettings::Group))
+            applySettings();
+    });
     connect(&microphone_, &MicrophoneInput::captured, this,
             [this](const std::vector<std::int16_t>& samples) { feedAudio(samples); });
     applySettings();
@@ -44,7 +62,13 @@ PocketSphinxRecognizer::~PocketSphinxRecognizer()
 
 bool PocketSphinxRecognizer::installed() const
 {
-    return loaded_.get();
+    return installed_;
+}
+
+void PocketSphinxRecognizer::onLoadFailed(const QString& description)
+{
+    installed_ = false;
+    emit listeningFailed(platform::errors::SpeechInputError, platform::AgentSource, description);
 }
 
 bool PocketSphinxRecognizer::enabled() const
@@ -69,9 +93,7 @@ void PocketSphinxRecognizer::setPhrases(const std::vector<VoicePhrase>& phrases)
 
 QWidget* PocketSphinxRecognizer::createSettingsPage()
 {
-    auto* page = new SpeechPage;
-    connect(page, &SpeechPage::settingsChanged, this, &PocketSphinxRecognizer::applySettings);
-    return page;
+    return new SpeechPage;
 }
 
 void PocketSphinxRecognizer::setThreshold(double threshold)
@@ -81,10 +103,30 @@ void PocketSphinxRecognizer::setThreshold(double threshold)
                               [worker = worker_, threshold] { worker->setThreshold(threshold); });
 }
 
-void PocketSphinxRecognizer::recognizeSamples(std::vector<std::int16_t> samples)
+void PocketSphinxRecognizer::recognizeSamples(std::span<const std::int16_t> samples)
 {
-    QMetaObject::invokeMethod(
-        worker_, [worker = worker_, samples = std::move(samples)] { worker->recognize(samples); });
+    beginUtterance();
+    for (std::size_t at = 0; at < samples.size(); at += SamplesPerPiece)
+        addAudio(samples.subspan(at, std::min(SamplesPerPiece, samples.size() - at)));
+    endUtterance();
+}
+
+void PocketSphinxRecognizer::beginUtterance()
+{
+    QMetaObject::invokeMethod(worker_, &RecognitionWorker::startUtterance);
+}
+
+void PocketSphinxRecognizer::addAudio(std::span<const std::int16_t> samples)
+{
+    QMetaObject::invokeMethod(worker_, [worker = worker_, samples = std::vector<std::int16_t>(
+                                                              samples.begin(), samples.end())] {
+        worker->addAudio(samples);
+    });
+}
+
+void PocketSphinxRecognizer::endUtterance()
+{
+    QMetaObject::invokeMethod(worker_, &RecognitionWorker::finishUtterance);
 }
 
 bool PocketSphinxRecognizer::recognizeFile(const QString& wavPath)
@@ -92,7 +134,7 @@ bool PocketSphinxRecognizer::recognizeFile(const QString& wavPath)
     auto samples = readSpeechWav(wavPath);
     if (!samples)
         return false;
-    recognizeSamples(std::move(*samples));
+    recognizeSamples(*samples);
     return true;
 }
 
@@ -138,7 +180,6 @@ void PocketSphinxRecognizer::startListening()
 {
     if (listening_)
         return;
-    heard_.clear();
     if (!microphone_.isRunning()) {
         switch (microphone_.start()) {
         case MicrophoneInput::Start::Started:
@@ -152,7 +193,11 @@ void PocketSphinxRecognizer::startListening()
                                                         "application."));
         }
     }
+    // The key takes over from a hands-free utterance under way.
+    voiceActivity_ = VoiceActivityDetector();
+    handsFreeUtterance_ = false;
     listening_ = true;
+    beginUtterance();
     shownTip().showListening();
 }
 
@@ -160,23 +205,30 @@ void PocketSphinxRecognizer::stopListening()
 {
     if (!listening_)
         return;
+    // What the microphone still holds belongs to this utterance.
+    microphone_.readAvailable();
     listening_ = false;
     updateMicrophone();
     ++resultsForTip_;
-    recognizeSamples(std::move(heard_));
-    heard_.clear();
+    endUtterance();
 }
 
 void PocketSphinxRecognizer::feedAudio(std::span<const std::int16_t> samples)
 {
     if (listening_) {
-        heard_.insert(heard_.end(), samples.begin(), samples.end());
+        addAudio(samples);
         return;
     }
     if (!handsFree_ || !enabled())
         return;
-    for (auto& utterance : voiceActivity_.feed(samples))
-        recognizeSamples(std::move(utterance));
+    for (const VoiceActivityDetector::Piece& piece : voiceActivity_.feed(samples)) {
+        if (!handsFreeUtterance_)
+            beginUtterance();
+        addAudio(piece.samples);
+        handsFreeUtterance_ = !piece.ends;
+        if (piece.ends)
+            endUtterance();
+    }
 }
 
 ListeningTip& PocketSphinxRecognizer::shownTip()

@@ -8,7 +8,6 @@
 
 #include <QThread>
 #include <cstdint>
-#include <future>
 #include <memory>
 #include <span>
 #include <vector>
@@ -19,33 +18,35 @@ namespace agent::listen
 class ListeningTip;
 
 // Speech input with PocketSphinx: the grammar of the enabled commands, decoded on a thread
-// of its own. Utterances come from the microphone (push-to-talk or hands-free) or, for
-// tests and tools, from buffers and files.
+// of its own while the words are spoken. Utterances come from the microphone (push-to-talk
+// or hands-free) or, for tests and tools, from buffers and files.
 class PocketSphinxRecognizer : public SpeechRecognizer
 {
     Q_OBJECT
 public:
+    // The model loads in the background; when it cannot, listeningFailed() tells.
     explicit PocketSphinxRecognizer(QObject* parent = nullptr);
+    PocketSphinxRecognizer(const QString& modelFolder, QObject* parent);
     ~PocketSphinxRecognizer() override;
 
-    // Waits for the model to load the first time it is asked.
+    // Whether the model's files are there and, once tried, whether it loaded.
     bool installed() const override;
     bool enabled() const override;
     void setEnabled(bool on);
     void setPhrases(const std::vector<VoicePhrase>& phrases) override;
-    // A SpeechPage whose changes this recogniser applies at once.
+    // A SpeechPage; its changes reach this recogniser through the engine's settings.
     QWidget* createSettingsPage() override;
 
     double threshold() const { return threshold_; }
     void setThreshold(double threshold);
 
     // One utterance of 16 kHz mono 16-bit samples, as if spoken into the microphone.
-    void recognizeSamples(std::vector<std::int16_t> samples);
+    void recognizeSamples(std::span<const std::int16_t> samples);
     // The same from a WAV file in that format; false when it cannot be read.
     bool recognizeFile(const QString& wavPath);
 
-    // Re-reads the "Speech" page's settings: grabs the listening key, starts or stops
-    // hands-free listening, takes the threshold.
+    // Takes the "Speech" page's settings, as they change: grabs the listening key, starts or
+    // stops hands-free listening, takes the threshold.
     void applySettings();
 
     // What the listening key does. Throws platform::RuntimeError 0x80040317 when another
@@ -54,9 +55,14 @@ public:
     void startListening();
     void stopListening();
     bool isListening() const { return listening_; }
-    // Audio as the microphone delivers it: collected while listening, otherwise cut into
-    // utterances when hands-free listening is on.
+    // Audio as the microphone delivers it: decoded at once while listening, otherwise cut
+    // into utterances when hands-free listening is on.
     void feedAudio(std::span<const std::int16_t> samples);
+    // An utterance in pieces, as the listening key gives it but without a microphone: begin,
+    // add the audio as it comes, end.
+    void beginUtterance();
+    void addAudio(std::span<const std::int16_t> samples);
+    void endUtterance();
     void setHandsFree(bool on);
 
     PushToTalkKey& listeningKey() { return key_; }
@@ -70,13 +76,14 @@ signals:
 
 private:
     void onRecognized(const Utterance& utterance);
+    void onLoadFailed(const QString& description);
     void onKeyPressed();
     ListeningTip& shownTip();
     void updateMicrophone();
 
     QThread thread_;
     RecognitionWorker* worker_; // lives on thread_, deleted when it finishes
-    std::shared_future<bool> loaded_;
+    bool installed_;
     std::vector<VoicePhrase> phrases_;
     bool phrasesSet_ = false;
     double threshold_;
@@ -85,8 +92,8 @@ private:
     MicrophoneInput microphone_;
     VoiceActivityDetector voiceActivity_;
     std::unique_ptr<ListeningTip> tip_;
-    std::vector<std::int16_t> heard_;
     bool listening_ = false;
+    bool handsFreeUtterance_ = false; // a hands-free utterance is being decoded
     bool handsFree_ = false;
     int resultsForTip_ = 0; // utterances of the key whose result the tip is to show
 };

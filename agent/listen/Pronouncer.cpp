@@ -1,22 +1,27 @@
 #include "agent/listen/Pronouncer.h"
 
 #include "agent/listen/EspeakPhonemes.h"
+#include "agent/speech/EspeakThread.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QSet>
 
 namespace agent::listen
 {
 
-namespace
+Pronouncer::Pronouncer(QString dictionaryPath, EspeakPhonemes espeak)
+    : dictionaryPath_(std::move(dictionaryPath)), espeak_(std::move(espeak))
 {
-constexpr int EspeakTimeoutMs = 3000;
 }
 
-Pronouncer::Pronouncer(QString dictionaryPath, QString espeakProgram)
-    : dictionaryPath_(std::move(dictionaryPath)), espeakProgram_(std::move(espeakProgram))
+QString Pronouncer::espeakThreadPhonemes(const QString& word)
 {
+    speech::EspeakThread& espeak = speech::EspeakThread::instance();
+    QString phonemes;
+    if (espeak.loaded())
+        espeak.runAndWait(
+            [&](speech::EspeakWorker& worker) { phonemes = worker.phonemesOf(word); });
+    return phonemes;
 }
 
 QHash<QString, QString> Pronouncer::pronounce(const QStringList& words)
@@ -30,7 +35,7 @@ QHash<QString, QString> Pronouncer::pronounce(const QStringList& words)
     for (const QString& word : unknown) {
         if (keysOfWord_.contains(word))
             continue;
-        const QString phones = fromEspeak(word);
+        const QString phones = espeakToCmu(espeak_(word));
         keysOfWord_[word] = phones.isEmpty() ? QStringList{} : QStringList{word};
         if (!phones.isEmpty())
             known_.insert(word, phones);
@@ -67,22 +72,6 @@ void Pronouncer::lookUpInDictionary(const QStringList& words)
         known_.insert(keyText, QString::fromUtf8(line.mid(blank + 1).simplified()));
         keysOfWord_[word] << keyText;
     }
-}
-
-QString Pronouncer::fromEspeak(const QString& word) const
-{
-    QProcess espeak;
-    espeak.start(espeakProgram_,
-                 {QStringLiteral("-q"), QStringLiteral("-x"), QStringLiteral("--sep= "),
-                  QStringLiteral("-v"), QStringLiteral("en-us"), word});
-    if (!espeak.waitForFinished(EspeakTimeoutMs)) {
-        espeak.kill();
-        espeak.waitForFinished();
-        return {};
-    }
-    if (espeak.exitStatus() != QProcess::NormalExit || espeak.exitCode() != 0)
-        return {};
-    return espeakToCmu(QString::fromUtf8(espeak.readAllStandardOutput()).simplified());
 }
 
 } // namespace agent::listen

@@ -3,19 +3,23 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 namespace agent::listen
 {
 
 // Finds CMU pronunciations for the words of a grammar: first in the model's dictionary, and
-// for words it lacks (names such as "gimp") from espeak-ng's phonemes. espeak-ng runs as a
-// separate command rather than through its library, because the library is not re-entrant
-// and the speech output owns it on another thread.
+// for words it lacks (names such as "gimp") from espeak-ng's phonemes.
 class Pronouncer
 {
 public:
-    explicit Pronouncer(QString dictionaryPath,
-                        QString espeakProgram = QStringLiteral("espeak-ng"));
+    // A word's espeak-ng phoneme mnemonics, blank-separated; empty when there are none.
+    using EspeakPhonemes = std::function<QString(const QString& word)>;
+
+    // By default espeak-ng is asked on the speech output's thread, the one that owns the
+    // library.
+    explicit Pronouncer(QString dictionaryPath, EspeakPhonemes espeak = espeakThreadPhonemes);
+    static QString espeakThreadPhonemes(const QString& word);
 
     // Word (lower case) or alternative ("word(2)") -> phones. Words that get no
     // pronunciation are absent. Results are remembered.
@@ -23,10 +27,9 @@ public:
 
 private:
     void lookUpInDictionary(const QStringList& words);
-    QString fromEspeak(const QString& word) const;
 
     QString dictionaryPath_;
-    QString espeakProgram_;
+    EspeakPhonemes espeak_;
     QHash<QString, QString> known_; // including alternatives
     QHash<QString, QStringList> keysOfWord_;
 };

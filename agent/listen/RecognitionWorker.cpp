@@ -3,6 +3,7 @@
 #include "agent/listen/Pronouncer.h"
 #include "agent/listen/SphinxDecoder.h"
 
+#include <QDir>
 #include <cstdio>
 
 namespace agent::listen
@@ -16,29 +17,41 @@ namespace
 constexpr double WordFloorBelowThreshold = 33;
 } // namespace
 
-RecognitionWorker::RecognitionWorker() = default;
+RecognitionWorker::RecognitionWorker(QString modelFolder) : modelFolder_(std::move(modelFolder)) {}
+
 RecognitionWorker::~RecognitionWorker() = default;
 
-bool RecognitionWorker::load()
+void RecognitionWorker::load()
 {
-    decoder_ = std::make_unique<SphinxDecoder>();
+    decoder_ = std::make_unique<SphinxDecoder>(modelFolder_);
     if (!decoder_->isLoaded()) {
         decoder_.reset();
-        return false;
+        emit loadFailed(
+            QStringLiteral("Speech input is not available: the speech recognition model in "
+                           "\"%1\" could not be loaded.")
+                .arg(QDir::toNativeSeparators(modelFolder_)));
+        return;
     }
-    pronouncer_ = std::make_unique<Pronouncer>(SphinxDecoder::modelFolder() +
-                                               QStringLiteral("/cmudict-en-us.dict"));
-    return true;
+    pronouncer_ =
+        std::make_unique<Pronouncer>(modelFolder_ + QStringLiteral("/cmudict-en-us.dict"));
+    if (pendingPhrases_)
+        applyPhrases(*std::exchange(pendingPhrases_, std::nullopt));
 }
 
 void RecognitionWorker::setPhrases(const std::vector<VoicePhrase>& phrases)
 {
+    if (decoder_ && !decoder_->inUtterance())
+        applyPhrases(phrases);
+    else
+        pendingPhrases_ = phrases;
+}
+
+void RecognitionWorker::applyPhrases(const std::vector<VoicePhrase>& phrases)
+{
     grammar_ = VoiceGrammar(phrases);
-    if (decoder_) {
-        const auto pronunciations = pronouncer_->pronounce(grammar_.words());
-        grammar_.keepPronounceable(pronunciations);
-        decoder_->setGrammar(grammar_.jsgf(), pronunciations);
-    }
+    const auto pronunciations = pronouncer_->pronounce(grammar_.words());
+    grammar_.keepPronounceable(pronunciations);
+    decoder_->setGrammar(grammar_.jsgf(), pronunciations);
     warnOnce(grammar_.rejected());
 }
 
@@ -54,16 +67,30 @@ void RecognitionWorker::warnOnce(const QStringList& voices)
     }
 }
 
-void RecognitionWorker::recognize(const std::vector<std::int16_t>& samples)
+void RecognitionWorker::startUtterance()
+{
+    if (decoder_)
+        decoder_->startUtterance();
+}
+
+void RecognitionWorker::addAudio(const std::vector<std::int16_t>& samples)
+{
+    if (decoder_)
+        decoder_->addAudio(samples);
+}
+
+void RecognitionWorker::finishUtterance()
 {
     Utterance result;
     if (decoder_) {
-        const Decoding decoding = decoder_->decode(samples);
+        const Decoding decoding = decoder_->finishUtterance();
         result.words = decoding.hypothesis;
         result.confidence = decoding.confidence;
         if (!decoding.hypothesis.isEmpty() && decoding.confidence >= threshold_ &&
             decoding.weakestWord >= threshold_ - WordFloorBelowThreshold)
             result.name = grammar_.nameFor(decoding.hypothesis);
+        if (pendingPhrases_)
+            applyPhrases(*std::exchange(pendingPhrases_, std::nullopt));
     }
     emit recognized(result);
 }

@@ -16,6 +16,8 @@ public:
     // microphones may need another value, hence the setting.
     static constexpr double DefaultThreshold = -17.0;
     static inline const QString DefaultListeningKey = QStringLiteral("Scroll_Lock");
+    // The settings file's group, the start of every key.
+    static inline const QString Group = QStringLiteral("SpeechInput/");
 
     bool enabled() const;
     void setEnabled(bool on);

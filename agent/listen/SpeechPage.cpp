@@ -59,20 +59,15 @@ SpeechPage::SpeechPage(QWidget* parent)
     layout->addRow(handsFree_);
     layout->addRow(tr("&Acceptance threshold:"), threshold_);
 
-    connect(inputEnabled_, &QCheckBox::toggled, this, &SpeechPage::save);
-    connect(listeningKey_, &QComboBox::currentIndexChanged, this, &SpeechPage::save);
-    connect(handsFree_, &QCheckBox::toggled, this, &SpeechPage::save);
-    connect(threshold_, &QDoubleSpinBox::valueChanged, this, &SpeechPage::save);
-}
-
-void SpeechPage::save()
-{
-    SpeechInputSettings settings;
-    settings.setEnabled(inputEnabled_->isChecked());
-    settings.setListeningKey(listeningKey_->currentData().toString());
-    settings.setHandsFree(handsFree_->isChecked());
-    settings.setThreshold(threshold_->value());
-    emit settingsChanged();
+    connect(inputEnabled_, &QCheckBox::toggled, this,
+            [](bool on) { SpeechInputSettings().setEnabled(on); });
+    connect(listeningKey_, &QComboBox::currentIndexChanged, this, [this] {
+        SpeechInputSettings().setListeningKey(listeningKey_->currentData().toString());
+    });
+    connect(handsFree_, &QCheckBox::toggled, this,
+            [](bool on) { SpeechInputSettings().setHandsFree(on); });
+    connect(threshold_, &QDoubleSpinBox::valueChanged, this,
+            [](double threshold) { SpeechInputSettings().setThreshold(threshold); });
 }
 
 } // namespace agent::listen

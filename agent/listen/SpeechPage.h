@@ -22,13 +22,7 @@ public:
     QCheckBox* handsFree() const { return handsFree_; }
     QDoubleSpinBox* threshold() const { return threshold_; }
 
-signals:
-    // Saved; the recogniser should apply the settings again.
-    void settingsChanged();
-
 private:
-    void save();
-
     QCheckBox* inputEnabled_;
     QComboBox* listeningKey_;
     QCheckBox* handsFree_;

@@ -24,42 +24,59 @@ struct Decoding {
 };
 
 // PocketSphinx with the US English model and two searches over the same audio: the command
-// grammar and a free phone loop. Not thread-safe: one thread owns it.
+// grammar and a free phone loop. Each search has a decoder of its own, so that both follow
+// the audio as it arrives. Not thread-safe: one thread owns it.
 class SphinxDecoder
 {
 public:
-    // Loads the acoustic model; isLoaded() tells whether that worked.
-    SphinxDecoder();
+    // Loads the acoustic model from a folder laid out as modelFolder(); isLoaded() tells
+    // whether that worked.
+    explicit SphinxDecoder(const QString& modelFolder);
     ~SphinxDecoder();
     SphinxDecoder(const SphinxDecoder&) = delete;
     SphinxDecoder& operator=(const SphinxDecoder&) = delete;
 
-    bool isLoaded() const { return decoder_ != nullptr; }
+    bool isLoaded() const { return grammar_ && loop_; }
 
     // pronunciations maps each word of the grammar to CMU phones ("Y EH S"). An empty grammar
     // text means nothing can be recognised. Returns false when PocketSphinx refuses it.
+    // Not during an utterance.
     bool setGrammar(const QString& jsgf, const QHash<QString, QString>& pronunciations);
 
-    // 16 kHz mono 16-bit samples of one utterance.
-    Decoding decode(std::span<const std::int16_t> samples);
+    // One utterance of 16 kHz mono 16-bit samples, in pieces as they arrive. A new start
+    // drops an unfinished utterance.
+    void startUtterance();
+    void addAudio(std::span<const std::int16_t> samples);
+    Decoding finishUtterance();
+    bool inUtterance() const { return inUtterance_; }
 
+    // Where Debian installs the US English model.
     static QString modelFolder();
+    // Whether the model's files are there and readable, without loading them.
+    static bool modelPresent(const QString& modelFolder);
 
 private:
-    bool setUpPhoneLoop();
+    struct Free {
+        void operator()(ps_decoder_s* decoder) const;
+    };
+    using Decoder = std::unique_ptr<ps_decoder_s, Free>;
     struct Segment {
         bool isWord = false;
         int start = 0;
         int end = 0;
         std::int32_t acousticScore = 0;
     };
-    std::vector<Segment> bestPath();
+    static ps_decoder_s* initDecoder(const char* hmm);
+    static bool loadsInChild(const char* hmm);
+    bool setUpPhoneLoop();
+    static std::vector<Segment> bestPath(ps_decoder_s* decoder);
     static double loopScoreWithin(const std::vector<Segment>& loop, int start, int end);
-    std::int32_t decodeWith(const char* search, std::span<const std::int16_t> samples,
-                            QString* hypothesis);
 
-    ps_decoder_s* decoder_ = nullptr;
+    Decoder grammar_;
+    Decoder loop_;
     bool hasGrammar_ = false;
+    bool inUtterance_ = false;
+    bool heardAudio_ = false;
     QHash<QString, QString> knownWords_;
 };
 

@@ -20,22 +20,22 @@ constexpr std::size_t MaxUtteranceSamples = 10 * 16000;
 constexpr double FloorRisePerFrame = 0.05;
 } // namespace
 
-std::vector<std::vector<std::int16_t>>
+std::vector<VoiceActivityDetector::Piece>
 VoiceActivityDetector::feed(std::span<const std::int16_t> samples)
 {
-    std::vector<std::vector<std::int16_t>> finished;
+    std::vector<Piece> pieces;
     pending_.insert(pending_.end(), samples.begin(), samples.end());
     std::size_t used = 0;
     for (; used + SamplesPerFrame <= pending_.size(); used += SamplesPerFrame) {
         const std::span<const std::int16_t> frame(pending_.data() + used, SamplesPerFrame);
-        addFrame(frame, frameLevels(frame).front(), finished);
+        addFrame(frame, frameLevels(frame).front(), pieces);
     }
     pending_.erase(pending_.begin(), pending_.begin() + used);
-    return finished;
+    return pieces;
 }
 
 void VoiceActivityDetector::addFrame(std::span<const std::int16_t> frame, double level,
-                                     std::vector<std::vector<std::int16_t>>& finished)
+                                     std::vector<Piece>& pieces)
 {
     noiseFloor_ = noiseFloor_ < 0 ? level : std::min(level, noiseFloor_ + FloorRisePerFrame);
     const bool loud = level >= std::max(MinimumSpeechDb, noiseFloor_ + SpeechAboveFloorDb);
@@ -49,16 +49,24 @@ void VoiceActivityDetector::addFrame(std::span<const std::int16_t> frame, double
             return;
         inUtterance_ = true;
         quietRun_ = 0;
-        for (const auto& earlier : preroll_)
-            utterance_.insert(utterance_.end(), earlier.begin(), earlier.end());
+        utteranceSamples_ = 0;
+        pieces.emplace_back();
+        for (const auto& earlier : preroll_) {
+            pieces.back().samples.insert(pieces.back().samples.end(), earlier.begin(),
+                                         earlier.end());
+            utteranceSamples_ += earlier.size();
+        }
         preroll_.clear();
         return;
     }
-    utterance_.insert(utterance_.end(), frame.begin(), frame.end());
+    if (pieces.empty() || pieces.back().ends)
+        pieces.emplace_back();
+    Piece& piece = pieces.back();
+    piece.samples.insert(piece.samples.end(), frame.begin(), frame.end());
+    utteranceSamples_ += frame.size();
     quietRun_ = loud ? 0 : quietRun_ + 1;
-    if (quietRun_ >= QuietFramesToEnd || utterance_.size() >= MaxUtteranceSamples) {
-        finished.push_back(std::move(utterance_));
-        utterance_.clear();
+    if (quietRun_ >= QuietFramesToEnd || utteranceSamples_ >= MaxUtteranceSamples) {
+        piece.ends = true;
         inUtterance_ = false;
         loudRun_ = 0;
     }

@@ -13,17 +13,23 @@ namespace agent::listen
 class VoiceActivityDetector
 {
 public:
-    // Utterances that ended within these samples, each with a little of the quiet before it.
-    std::vector<std::vector<std::int16_t>> feed(std::span<const std::int16_t> samples);
+    // Part of an utterance. The first piece of one starts with a little of the quiet before
+    // it; the last is marked.
+    struct Piece {
+        std::vector<std::int16_t> samples;
+        bool ends = false;
+    };
+    // The speech within these samples, as it is heard: each utterance comes in one or more
+    // pieces, so that it can be decoded before it ends.
+    std::vector<Piece> feed(std::span<const std::int16_t> samples);
     bool inUtterance() const { return inUtterance_; }
 
 private:
-    void addFrame(std::span<const std::int16_t> frame, double level,
-                  std::vector<std::vector<std::int16_t>>& finished);
+    void addFrame(std::span<const std::int16_t> frame, double level, std::vector<Piece>& pieces);
 
     std::vector<std::int16_t> pending_; // samples short of a whole frame
     std::deque<std::vector<std::int16_t>> preroll_;
-    std::vector<std::int16_t> utterance_;
+    std::size_t utteranceSamples_ = 0;
     double noiseFloor_ = -1; // dB; negative until the first frame
     int loudRun_ = 0;
     int quietRun_ = 0;

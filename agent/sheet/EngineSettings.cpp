@@ -16,6 +16,12 @@ const QString SoundEffectsKey = QStringLiteral("Output/SoundEffects");
 
 EngineSettings::EngineSettings() : file_(filePath(), QSettings::IniFormat) {}
 
+EngineSettings& EngineSettings::shared()
+{
+    static EngineSettings settings;
+    return settings;
+}
+
 QString EngineSettings::filePath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -59,8 +65,18 @@ QVariant EngineSettings::value(const QString& key, const QVariant& fallback) con
 
 void EngineSettings::setValue(const QString& key, const QVariant& value)
 {
+    if (file_.contains(key) && file_.value(key) == value)
+        return;
     file_.setValue(key, value);
     file_.sync();
+    emit changed(key);
+}
+
+void EngineSettings::clear()
+{
+    file_.clear();
+    file_.sync();
+    emit changed(QString());
 }
 
 } // namespace agent

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QSettings>
 #include <QString>
 #include <QVariant>
@@ -7,15 +8,16 @@
 namespace agent
 {
 
-// The engine's own settings file, $XDG_CONFIG_HOME/character-engine/engine.conf. Each object
-// reads the file afresh, so a choice made on the property sheet reaches everyone at once.
+// The engine's own settings file, $XDG_CONFIG_HOME/character-engine/engine.conf, read once
+// into the one object of the process that the engine, the speech output and the recogniser
+// share. A choice made on the property sheet is saved at once and announced by changed().
 // Other parts of the engine keep their own keys here through value()/setValue(), each under
-// a group of its own (e.g. "SpeechInput/Enabled").
-class EngineSettings
+// a group of its own (e.g. "SpeechInput/Enabled"). Used on the GUI thread.
+class EngineSettings : public QObject
 {
+    Q_OBJECT
 public:
-    EngineSettings();
-
+    static EngineSettings& shared();
     static QString filePath();
 
     bool speechOutputEnabled() const;
@@ -27,8 +29,16 @@ public:
 
     QVariant value(const QString& key, const QVariant& fallback) const;
     void setValue(const QString& key, const QVariant& value);
+    // Back to the defaults: forgets every choice.
+    void clear();
+
+signals:
+    // key is empty after clear().
+    void changed(const QString& key);
 
 private:
+    EngineSettings();
+
     QSettings file_;
 };
 

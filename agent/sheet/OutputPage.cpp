@@ -18,10 +18,8 @@ QCheckBox* addSwitch(QVBoxLayout* layout, const QString& text, bool on,
 {
     auto* box = new QCheckBox(text, page);
     box->setChecked(on);
-    QObject::connect(box, &QCheckBox::toggled, page, [save, page](bool checked) {
-        (EngineSettings().*save)(checked);
-        emit page->changed();
-    });
+    QObject::connect(box, &QCheckBox::toggled, page,
+                     [save](bool checked) { (EngineSettings::shared().*save)(checked); });
     layout->addWidget(box);
     return box;
 }
@@ -30,14 +28,14 @@ QCheckBox* addSwitch(QVBoxLayout* layout, const QString& text, bool on,
 
 OutputPage::OutputPage(QWidget* parent) : QWidget(parent)
 {
-    const EngineSettings settings;
+    const EngineSettings& settings = EngineSettings::shared();
     auto* layout = new QVBoxLayout(this);
     speechOutput_ = addSwitch(layout, tr("&Speak aloud"), settings.speechOutputEnabled(),
-                               &EngineSettings::setSpeechOutputEnabled, this);
+                              &EngineSettings::setSpeechOutputEnabled, this);
     balloon_ = addSwitch(layout, tr("Show the word &balloon"), settings.balloonEnabled(),
-                          &EngineSettings::setBalloonEnabled, this);
+                         &EngineSettings::setBalloonEnabled, this);
     soundEffects_ = addSwitch(layout, tr("Play sound &effects"), settings.soundEffectsEnabled(),
-                               &EngineSettings::setSoundEffectsEnabled, this);
+                              &EngineSettings::setSoundEffectsEnabled, this);
 
     auto* help = new QLabel(
         tr("Speech is made by espeak-ng. Rates below %1 words per minute are spoken at %1 words "

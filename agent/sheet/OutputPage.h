@@ -19,9 +19,6 @@ public:
     QCheckBox* balloonBox() const { return balloon_; }
     QCheckBox* soundEffectsBox() const { return soundEffects_; }
 
-signals:
-    void changed();
-
 private:
     QCheckBox* speechOutput_;
     QCheckBox* balloon_;

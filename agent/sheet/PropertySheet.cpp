@@ -24,7 +24,6 @@ PropertySheet::PropertySheet(QWidget* parent)
     setWindowTitle(tr("Character Settings"));
     tabs_->addTab(output_, OutputName);
     tabs_->addTab(speech_, SpeechName);
-    connect(output_, &OutputPage::changed, this, &PropertySheet::outputSettingsChanged);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::hide);

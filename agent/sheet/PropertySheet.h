@@ -25,10 +25,6 @@ public:
 
     OutputPage* outputPage() const { return output_; }
 
-signals:
-    // A choice on the "Output" page changed and has been saved.
-    void outputSettingsChanged();
-
 private:
     QTabWidget* tabs_;
     OutputPage* output_;

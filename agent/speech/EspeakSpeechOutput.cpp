@@ -40,7 +40,7 @@ EspeakSpeechOutput::~EspeakSpeechOutput()
 
 bool EspeakSpeechOutput::available() const
 {
-    return synthesizer_.loaded() && EngineSettings().speechOutputEnabled();
+    return synthesizer_.loaded() && EngineSettings::shared().speechOutputEnabled();
 }
 
 void EspeakSpeechOutput::speak(const QString& taggedText, const VoiceDefaults& voice)

@@ -239,9 +239,9 @@ TEST_F(AgentEngineTest, RecogniserHearsTheEnabledCommands)
 TEST_F(AgentEngineTest, SpeechFlags)
 {
     EXPECT_TRUE(engine->AudioOutputEnabled());
-    EngineSettings().setSpeechOutputEnabled(false);
+    EngineSettings::shared().setSpeechOutputEnabled(false);
     EXPECT_FALSE(engine->AudioOutputEnabled()) << "the user's switch";
-    EngineSettings().setSpeechOutputEnabled(true);
+    EngineSettings::shared().setSpeechOutputEnabled(true);
     speech->available_ = false;
     EXPECT_FALSE(engine->AudioOutputEnabled());
     EXPECT_TRUE(engine->SpeechInputInstalled());

@@ -58,12 +58,20 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
     for (const Case& c : cases) {
         VoiceActivityDetector detector;
         std::vector<std::vector<std::int16_t>> found;
+        bool open = false;
         // In uneven pieces, as a sound server delivers them.
         for (std::size_t at = 0; at < c.audio.size(); at += 1234) {
             const std::size_t n = std::min<std::size_t>(1234, c.audio.size() - at);
-            for (auto& utterance : detector.feed({c.audio.data() + at, n}))
-                found.push_back(std::move(utterance));
+            for (const auto& piece : detector.feed({c.audio.data() + at, n})) {
+                if (!open)
+                    found.emplace_back();
+                found.back().insert(found.back().end(), piece.samples.begin(), piece.samples.end());
+                open = !piece.ends;
+            }
         }
+        EXPECT_EQ(open, detector.inUtterance()) << c.what;
+        if (open)
+            found.pop_back();
         ASSERT_EQ(found.size(), c.seconds.size()) << c.what;
         for (std::size_t i = 0; i < found.size(); ++i)
             EXPECT_NEAR(double(found[i].size()) / 16000, c.seconds[i], 0.15) << c.what;

@@ -3,13 +3,17 @@
 #include "agent/listen/ListeningTip.h"
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/SpeechPage.h"
+#include "agent/listen/SphinxDecoder.h"
 #include "agent/listen/WavFile.h"
+#include "platform/RuntimeError.h"
 
 #include <QAudioDevice>
 #include <QCheckBox>
+#include <QDir>
 #include <QDoubleSpinBox>
 #include <QMediaDevices>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace agent::listen
@@ -120,6 +124,37 @@ TEST_F(RecognizerTest, SpeechPageChangesApplyAtOnce)
     EXPECT_TRUE(SpeechInputSettings().handsFree());
     page->handsFree()->setChecked(false);
     page->threshold()->setValue(SpeechInputSettings::DefaultThreshold);
+}
+
+// sphinxbase ends the process on a damaged file; the program must hear of it instead.
+TEST(RecognizerModel, DamagedModelIsReportedAfterTheStart)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(QDir(dir.path()).mkpath(QStringLiteral("en-us")));
+    const QDir model(SphinxDecoder::modelFolder() + QStringLiteral("/en-us"));
+    for (const QString& name : model.entryList(QDir::Files)) {
+        const QString copy = dir.filePath(QStringLiteral("en-us/") + name);
+        if (name == QLatin1String("means")) {
+            QFile damaged(copy);
+            ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+            damaged.write("not a model\n");
+        } else {
+            ASSERT_TRUE(QFile::link(model.filePath(name), copy));
+        }
+    }
+    PocketSphinxRecognizer recognizer(dir.path(), nullptr);
+    QSignalSpy failed(&recognizer, &PocketSphinxRecognizer::listeningFailed);
+    EXPECT_TRUE(recognizer.installed()) << "the files are there; loading comes later";
+    ASSERT_TRUE(failed.wait(30000));
+    EXPECT_EQ(failed.at(0).at(0).toInt(), platform::errors::SpeechInputError);
+    EXPECT_EQ(failed.at(0).at(2).toString(),
+              QStringLiteral("Speech input is not available: the speech recognition model in "
+                             "\"%1\" could not be loaded.")
+                  .arg(dir.path()));
+    EXPECT_FALSE(recognizer.installed());
+
+    PocketSphinxRecognizer missing(dir.filePath(QStringLiteral("none")), nullptr);
+    EXPECT_FALSE(missing.installed());
 }
 
 TEST_F(RecognizerTest, WithoutMicrophoneTheTipSaysSo)

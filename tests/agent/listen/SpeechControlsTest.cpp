@@ -23,7 +23,7 @@ namespace
 
 TEST(SpeechInputSettings, DefaultsAndStorageInTheEngineFile)
 {
-    QFile::remove(EngineSettings::filePath());
+    EngineSettings::shared().clear();
     SpeechInputSettings settings;
     EXPECT_TRUE(settings.enabled());
     EXPECT_EQ(settings.listeningKey(), QStringLiteral("Scroll_Lock"));
@@ -39,19 +39,19 @@ TEST(SpeechInputSettings, DefaultsAndStorageInTheEngineFile)
     EXPECT_EQ(file.value("SpeechInput/ListeningKey").toString(), QStringLiteral("F12"));
     EXPECT_EQ(file.value("SpeechInput/HandsFree").toBool(), true);
     EXPECT_EQ(file.value("SpeechInput/Threshold").toDouble(), -3.5);
-    QFile::remove(EngineSettings::filePath());
+    EngineSettings::shared().clear();
 }
 
 TEST(SpeechPage, ShowsAndSavesEveryChoice)
 {
-    QFile::remove(EngineSettings::filePath());
+    EngineSettings::shared().clear();
     SpeechInputSettings().setListeningKey(QStringLiteral("Pause"));
     SpeechPage page;
     EXPECT_TRUE(page.inputEnabled()->isChecked());
     EXPECT_EQ(page.listeningKey()->currentData().toString(), QStringLiteral("Pause"));
     EXPECT_FALSE(page.handsFree()->isChecked());
 
-    QSignalSpy changed(&page, &SpeechPage::settingsChanged);
+    QSignalSpy changed(&EngineSettings::shared(), &EngineSettings::changed);
     page.inputEnabled()->setChecked(false);
     page.handsFree()->setChecked(true);
     page.listeningKey()->setCurrentIndex(page.listeningKey()->findData(QStringLiteral("F12")));
@@ -62,7 +62,7 @@ TEST(SpeechPage, ShowsAndSavesEveryChoice)
     EXPECT_TRUE(saved.handsFree());
     EXPECT_EQ(saved.listeningKey(), QStringLiteral("F12"));
     EXPECT_EQ(saved.threshold(), -5);
-    QFile::remove(EngineSettings::filePath());
+    EngineSettings::shared().clear();
 }
 
 TEST(ListeningTip, SaysWhatWasHeard)

@@ -15,14 +15,14 @@ namespace agent
 class PropertySheetTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { QFile::remove(EngineSettings::filePath()); }
+    void SetUp() override { EngineSettings::shared().clear(); }
 };
 
 TEST_F(PropertySheetTest, SettingsFileLivesInTheEnginesConfigFolder)
 {
     EXPECT_EQ(EngineSettings::filePath(),
               qEnvironmentVariable("XDG_CONFIG_HOME") + u"/character-engine/engine.conf"_qs);
-    EngineSettings().setBalloonEnabled(false);
+    EngineSettings::shared().setBalloonEnabled(false);
     QFile file(EngineSettings::filePath());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray text = file.readAll();
@@ -40,13 +40,13 @@ TEST_F(PropertySheetTest, SwitchesDefaultOnAndPersist)
         {&EngineSettings::soundEffectsEnabled, &EngineSettings::setSoundEffectsEnabled},
     };
     for (const auto& [get, set] : switches) {
-        EXPECT_TRUE((EngineSettings().*get)());
-        (EngineSettings().*set)(false);
-        EXPECT_FALSE((EngineSettings().*get)());
+        EXPECT_TRUE((EngineSettings::shared().*get)());
+        (EngineSettings::shared().*set)(false);
+        EXPECT_FALSE((EngineSettings::shared().*get)());
     }
-    EngineSettings().setValue(u"SpeechInput/Threshold"_qs, 5);
-    EXPECT_EQ(EngineSettings().value(u"SpeechInput/Threshold"_qs, 0).toInt(), 5);
-    EXPECT_EQ(EngineSettings().value(u"SpeechInput/Missing"_qs, 7).toInt(), 7);
+    EngineSettings::shared().setValue(u"SpeechInput/Threshold"_qs, 5);
+    EXPECT_EQ(EngineSettings::shared().value(u"SpeechInput/Threshold"_qs, 0).toInt(), 5);
+    EXPECT_EQ(EngineSettings::shared().value(u"SpeechInput/Missing"_qs, 7).toInt(), 7);
 }
 
 TEST_F(PropertySheetTest, PagesAreSelectedByName)
@@ -79,14 +79,14 @@ TEST_F(PropertySheetTest, OutputChoicesAreSavedAtOnce)
 {
     {
         PropertySheet sheet;
-        QSignalSpy changed(&sheet, &PropertySheet::outputSettingsChanged);
+        QSignalSpy changed(&EngineSettings::shared(), &EngineSettings::changed);
         EXPECT_TRUE(sheet.outputPage()->speechOutputBox()->isChecked());
         sheet.outputPage()->speechOutputBox()->setChecked(false);
         sheet.outputPage()->soundEffectsBox()->setChecked(false);
         EXPECT_EQ(changed.size(), 2);
-        EXPECT_FALSE(EngineSettings().speechOutputEnabled());
-        EXPECT_TRUE(EngineSettings().balloonEnabled());
-        EXPECT_FALSE(EngineSettings().soundEffectsEnabled());
+        EXPECT_FALSE(EngineSettings::shared().speechOutputEnabled());
+        EXPECT_TRUE(EngineSettings::shared().balloonEnabled());
+        EXPECT_FALSE(EngineSettings::shared().soundEffectsEnabled());
     }
     PropertySheet reopened;
     EXPECT_FALSE(reopened.outputPage()->speechOutputBox()->isChecked());

@@ -102,14 +102,14 @@ TEST_F(EspeakSpeechOutputTest, StopEndsTheUtteranceAndTheNextOneRuns)
 
 TEST_F(EspeakSpeechOutputTest, TurnedOffIsNotAvailableAndStillKeepsTime)
 {
-    EngineSettings().setSpeechOutputEnabled(false);
+    EngineSettings::shared().setSpeechOutputEnabled(false);
     EXPECT_FALSE(output.available());
     QSignalSpy finished(&output, &SpeechOutput::finished);
     output.speak(u"Hello there."_qs, TimeVoice);
     ASSERT_TRUE(finished.wait(5000));
     EXPECT_TRUE(finished.at(0).at(0).toBool());
 
-    EngineSettings().setSpeechOutputEnabled(true);
+    EngineSettings::shared().setSpeechOutputEnabled(true);
     EXPECT_TRUE(output.available());
 }
 
