@@ -1,6 +1,6 @@
 #include "agent/engine/AgentEngine.h"
 
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 #include "agent/sheet/PropertySheet.h"
 
 #include <QLoggingCategory>

@@ -5,7 +5,7 @@
 #include "agent/listen/SpeechPage.h"
 #include "agent/listen/SphinxDecoder.h"
 #include "agent/listen/WavFile.h"
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 #include "platform/RuntimeError.h"
 
 namespace agent::listen

@@ -1,6 +1,6 @@
 #include "agent/listen/SpeechInputSettings.h"
 
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 
 namespace agent::listen
 {

@@ -1,6 +1,6 @@
 #include "agent/speech/EspeakSpeechOutput.h"
 
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 #include "agent/speech/SpeechPlan.h"
 #include "agent/speech/SpeechTags.h"
 

@@ -7,7 +7,7 @@
 #include "agent/engine/EngineErrors.h"
 #include "agent/runtime/BalloonWindow.h"
 #include "agent/runtime/CharacterRuntime.h"
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 #include "agent/sheet/PropertySheet.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 #include "agent/listen/PushToTalkKey.h"
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/SpeechPage.h"
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #include "agent/sheet/PropertySheet.h"
 
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 #include "agent/sheet/OutputPage.h"
 
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "agent/sheet/EngineSettings.h"
+#include "agent/EngineSettings.h"
 
 #include <QStandardPaths>
 
