@@ -6,7 +6,7 @@
 set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${pid:-}"' EXIT
 # What the program keeps in the temporary folder goes with the work folder.
 export TMPDIR=$work/tmp
 mkdir -p "$TMPDIR"

@@ -38,15 +38,18 @@ wait_window() {
     return 1
 }
 
-# Waits up to $2 seconds for the setting $1 to appear in the settings file.
-wait_setting() {
+# Waits up to $2 seconds for the pattern $1 in the file $3.
+wait_grep() {
     local deadline=$((SECONDS + $2))
     while [ $SECONDS -lt $deadline ]; do
-        grep -q "^$1=" "$settings" 2>/dev/null && return 0
+        grep -q "$1" "$3" 2>/dev/null && return 0
         sleep 0.3
     done
     return 1
 }
+
+# Waits up to $2 seconds for the setting $1 to appear in the settings file.
+wait_setting() { wait_grep "^$1=" "$2" "$settings"; }
 
 # Gives a window the keyboard focus, for keystrokes that follow. The pause lets the toolkit take
 # the focus event after the X server has moved the focus; nothing outside the program shows it.

@@ -6,19 +6,9 @@
 set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${pid:-}"' EXIT
 export QT_LOGGING_RULES="agent.speech.debug=true"
 printf '[General]\nCharacter=lumo.acs\nSplash=0\n' >"$settings"
-
-# Waits up to $2 seconds for the pattern $1 in the file $3.
-wait_grep() {
-    local deadline=$((SECONDS + $2))
-    while [ $SECONDS -lt $deadline ]; do
-        grep -q "$1" "$3" 2>/dev/null && return 0
-        sleep 0.3
-    done
-    return 1
-}
 
 "$quorl" >"$work/log1" 2>&1 &
 pid=$!

@@ -7,7 +7,7 @@
 set -euo pipefail
 quorl=$1
 . "$(dirname "$0")/common.sh"
-trap 'kill "${pid:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'finish "${pid:-}"' EXIT
 export QT_LOGGING_RULES="agent.speech.debug=true;quorl.notes.debug=true"
 printf '[General]\nCharacter=lumo.acs\nSplash=0\nTimeGreeting=0\nStartMinimized=0\n%s\n' \
     'ShowIfHidden=1' 'ReadNote=1' 'ReminderText=You have a reminder' >"$settings"

@@ -23,6 +23,8 @@ protected:
     {
         notes({Note("Dentist", "Bring the card", Reminder(1, 14, 25)),
                Note("Bins", "Blue ones", Reminder(1, 14, 25))});
+        // Hidden, so that what the reminder does to show the character can be seen.
+        character().visible = false;
         fp.agent->calls.clear();
     }
 
