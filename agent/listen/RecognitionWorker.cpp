@@ -4,13 +4,15 @@
 #include "agent/listen/SphinxDecoder.h"
 
 #include <QDir>
-#include <cstdio>
+#include <QLoggingCategory>
 
 namespace agent::listen
 {
 
 namespace
 {
+Q_LOGGING_CATEGORY(lcListen, "agent.listen", QtWarningMsg)
+
 // How much further than the whole utterance one word may fall behind the phone loop. Right
 // words of badly synthesised commands came down to about -45, a wrong word in an otherwise
 // right phrase ("what is the date" heard for "what is the time") to about -60.
@@ -62,8 +64,7 @@ void RecognitionWorker::warnOnce(const QStringList& voices)
         if (warned_.contains(voice))
             continue;
         warned_.insert(voice);
-        std::fprintf(stderr, "Speech input: the voice text \"%s\" cannot be listened for\n",
-                     voice.toLocal8Bit().constData());
+        qCWarning(lcListen, "the voice text \"%s\" cannot be listened for", qUtf8Printable(voice));
     }
 }
 
