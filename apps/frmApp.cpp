@@ -152,19 +152,18 @@ frmApp::frmApp(App& app)
 
     connect(List1, &QListWidget::currentRowChanged, this,
             Guarded("List1_Click", [this] { List1_Click(); }));
-    const std::pair<QPushButton*, std::pair<const char*, void (frmApp::*)()>> clicks[] = {
-        {cmdAdd, {"cmdAdd_Click", &frmApp::cmdAdd_Click}},
-        {cmdChange, {"cmdChange_Click", &frmApp::cmdChange_Click}},
-        {cmdDel, {"cmdDel_Click", &frmApp::cmdDel_Click}},
-        {cmdUp, {"cmdUp_Click", &frmApp::cmdUp_Click}},
-        {cmdDown, {"cmdDown_Click", &frmApp::cmdDown_Click}},
-        {cmdClose, {"cmdClose_Click", &frmApp::cmdClose_Click}},
-        {cmdEnable, {"cmdEnable_Click", &frmApp::cmdEnable_Click}},
-        {cmdCommands, {"cmdCommands_Click", &frmApp::cmdCommands_Click}},
-    };
-    for (const auto& [b, routine] : clicks)
-        connect(b, &QPushButton::clicked, this,
-                Guarded(routine.first, [this, f = routine.second] { (this->*f)(); }));
+    ConnectRoutine(cmdAdd, &QPushButton::clicked, this, "cmdAdd_Click", &frmApp::cmdAdd_Click);
+    ConnectRoutine(cmdChange, &QPushButton::clicked, this, "cmdChange_Click",
+                   &frmApp::cmdChange_Click);
+    ConnectRoutine(cmdDel, &QPushButton::clicked, this, "cmdDel_Click", &frmApp::cmdDel_Click);
+    ConnectRoutine(cmdUp, &QPushButton::clicked, this, "cmdUp_Click", &frmApp::cmdUp_Click);
+    ConnectRoutine(cmdDown, &QPushButton::clicked, this, "cmdDown_Click", &frmApp::cmdDown_Click);
+    ConnectRoutine(cmdClose, &QPushButton::clicked, this, "cmdClose_Click",
+                   &frmApp::cmdClose_Click);
+    ConnectRoutine(cmdEnable, &QPushButton::clicked, this, "cmdEnable_Click",
+                   &frmApp::cmdEnable_Click);
+    ConnectRoutine(cmdCommands, &QPushButton::clicked, this, "cmdCommands_Click",
+                   &frmApp::cmdCommands_Click);
     connect(mnuBrowseFile, &QAction::triggered, this,
             Guarded("cmdBrowse_Click", [this] { cmdBrowse_Click(); }));
     connect(mnuBrowseInstalled, &QAction::triggered, this,
@@ -207,9 +206,7 @@ bool frmApp::Form_Load()
 
 void frmApp::Form_Unload()
 {
-    app.ModalOpen = 0;
-    if (app.MainForm->mnuViewTop->isChecked())
-        SetOnTop(app, true);
+    LeaveWindowOverMain(app);
 }
 
 void frmApp::setListIndex(int index)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 
 // Runs an event routine so that no exception reaches Qt's event loop: an error that no
@@ -10,4 +11,13 @@ void RunGuarded(const char* routine, const std::function<void()>& body);
 inline auto Guarded(const char* routine, std::function<void()> body)
 {
     return [routine, body = std::move(body)] { RunGuarded(routine, body); };
+}
+
+// Connects a signal to a routine of the window that receives it, run guarded.
+template <class Sender, class Signal, class Window>
+void ConnectRoutine(Sender* sender, Signal signal, Window* window, const char* name,
+                    void (Window::*routine)())
+{
+    QObject::connect(sender, signal, window,
+                     Guarded(name, [window, routine] { (window->*routine)(); }));
 }

@@ -3,6 +3,8 @@
 #include "core/App.h"
 #include "core/frmMain.h"
 
+#include <QAction>
+
 void SetOnTop(App& app, bool flag)
 {
     app.OnTop = flag;
@@ -12,4 +14,11 @@ void SetOnTop(App& app, bool flag)
     window.setWindowFlag(Qt::WindowStaysOnTopHint, flag);
     if (flag || wasVisible)
         window.show();
+}
+
+void LeaveWindowOverMain(App& app)
+{
+    app.ModalOpen = 0;
+    if (app.MainForm && app.MainForm->mnuViewTop->isChecked())
+        SetOnTop(app, true);
 }

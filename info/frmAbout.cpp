@@ -2,6 +2,7 @@
 
 #include "commands/VoiceCommands.h"
 #include "core/App.h"
+#include "core/Guard.h"
 #include "core/OnTop.h"
 #include "core/frmMain.h"
 #include "info/AboutPictures.h"
@@ -63,8 +64,9 @@ frmAbout::frmAbout(App& app, QWidget* parent) : QDialog(parent), app_(app)
     cmdOK = new QPushButton(QStringLiteral("OK"), this);
     cmdOK->setDefault(true);
     cmdSysInfo = new QPushButton(QStringLiteral("&System Info.."), this);
-    connect(cmdOK, &QPushButton::clicked, this, &frmAbout::cmdOK_Click);
-    connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
+    ConnectRoutine(cmdOK, &QPushButton::clicked, this, "cmdOK_Click", &frmAbout::cmdOK_Click);
+    ConnectRoutine(cmdSysInfo, &QPushButton::clicked, this, "cmdSysInfo_Click",
+                   &frmAbout::cmdSysInfo_Click);
 
     // Both pictures stand at one place; one of them shows at a time.
     auto* pictures = new QGridLayout;
@@ -118,9 +120,7 @@ void frmAbout::Form_Unload()
         return;
     unloaded_ = true;
     Timer1->stop();
-    app_.ModalOpen = 0;
-    if (app_.MainForm && app_.MainForm->mnuViewTop->isChecked())
-        SetOnTop(app_, true);
+    LeaveWindowOverMain(app_);
 }
 
 void frmAbout::Timer1_Timer()

@@ -73,9 +73,7 @@ void frmSplash::Form_Unload()
         return;
     unloaded_ = true;
     Timer1->stop();
-    app_.ModalOpen = 0;
-    if (app_.MainForm && app_.MainForm->mnuViewTop->isChecked())
-        SetOnTop(app_, true);
+    LeaveWindowOverMain(app_);
 }
 
 void frmSplash::Timer1_Timer()

@@ -155,15 +155,12 @@ frmNotes::frmNotes(App& app)
 
     connect(List1, &QListWidget::currentRowChanged, this,
             Guarded("List1_Click", [this] { List1_Click(); }));
-    const std::pair<QPushButton*, std::pair<const char*, void (frmNotes::*)()>> clicks[] = {
-        {cmdNew, {"cmdNew_Click", &frmNotes::cmdNew_Click}},
-        {cmdChange, {"cmdChange_Click", &frmNotes::cmdChange_Click}},
-        {cmdDel, {"cmdDel_Click", &frmNotes::cmdDel_Click}},
-        {cmdClose, {"cmdClose_Click", &frmNotes::cmdClose_Click}},
-    };
-    for (const auto& [b, routine] : clicks)
-        connect(b, &QPushButton::clicked, this,
-                Guarded(routine.first, [this, f = routine.second] { (this->*f)(); }));
+    ConnectRoutine(cmdNew, &QPushButton::clicked, this, "cmdNew_Click", &frmNotes::cmdNew_Click);
+    ConnectRoutine(cmdChange, &QPushButton::clicked, this, "cmdChange_Click",
+                   &frmNotes::cmdChange_Click);
+    ConnectRoutine(cmdDel, &QPushButton::clicked, this, "cmdDel_Click", &frmNotes::cmdDel_Click);
+    ConnectRoutine(cmdClose, &QPushButton::clicked, this, "cmdClose_Click",
+                   &frmNotes::cmdClose_Click);
     connect(chkRemind, &QCheckBox::toggled, this,
             Guarded("chkRemind_Click", [this] { chkRemind_Click(); }));
     connect(txtNote, &QPlainTextEdit::textChanged, this, [this] { limitNoteText(); });
@@ -249,10 +246,8 @@ bool frmNotes::Form_Load()
 
 void frmNotes::Form_Unload()
 {
-    app.ModalOpen = 0;
     app.MainForm->RemindTimer->start();
-    if (app.MainForm->mnuViewTop->isChecked())
-        SetOnTop(app, true);
+    LeaveWindowOverMain(app);
 }
 
 void frmNotes::setListIndex(int index)

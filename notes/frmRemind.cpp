@@ -107,16 +107,17 @@ frmRemind::frmRemind(App& app)
     cmdClose->setDefault(true);
     cmdClose->setFocus();
 
-    auto on = [this](QPushButton* button, const char* name, void (frmRemind::*click)()) {
-        connect(button, &QPushButton::clicked, this,
-                Guarded(name, [this, click] { (this->*click)(); }));
-    };
-    on(cmdClose, "cmdClose_Click", &frmRemind::cmdClose_Click);
-    on(cmdRead, "cmdRead_Click", &frmRemind::cmdRead_Click);
-    on(cmdTime, "cmdTime_Click", &frmRemind::cmdTime_Click);
-    on(cmdDate, "cmdDate_Click", &frmRemind::cmdDate_Click);
-    on(cmdNotes, "cmdNotes_Click", &frmRemind::cmdNotes_Click);
-    on(cmdOpt, "cmdOpt_Click", &frmRemind::cmdOpt_Click);
+    ConnectRoutine(cmdClose, &QPushButton::clicked, this, "cmdClose_Click",
+                   &frmRemind::cmdClose_Click);
+    ConnectRoutine(cmdRead, &QPushButton::clicked, this, "cmdRead_Click",
+                   &frmRemind::cmdRead_Click);
+    ConnectRoutine(cmdTime, &QPushButton::clicked, this, "cmdTime_Click",
+                   &frmRemind::cmdTime_Click);
+    ConnectRoutine(cmdDate, &QPushButton::clicked, this, "cmdDate_Click",
+                   &frmRemind::cmdDate_Click);
+    ConnectRoutine(cmdNotes, &QPushButton::clicked, this, "cmdNotes_Click",
+                   &frmRemind::cmdNotes_Click);
+    ConnectRoutine(cmdOpt, &QPushButton::clicked, this, "cmdOpt_Click", &frmRemind::cmdOpt_Click);
 }
 
 frmRemind::~frmRemind() = default;

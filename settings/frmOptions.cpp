@@ -256,14 +256,14 @@ void frmOptions::nameForAssistiveTechnology()
 
 void frmOptions::connectRoutines()
 {
-    auto routine = [this](auto* sender, auto signal, const char* name, void (frmOptions::*body)()) {
-        connect(sender, signal, this, Guarded(name, [this, body] { (this->*body)(); }));
-    };
-    routine(cmdOK, &QPushButton::clicked, "cmdOK_Click", &frmOptions::cmdOK_Click);
-    routine(cmdCancel, &QPushButton::clicked, "cmdCancel_Click", &frmOptions::cmdCancel_Click);
-    routine(cmdBrowse, &QPushButton::clicked, "cmdBrowse_Click", &frmOptions::cmdBrowse_Click);
-    routine(cmdHot, &QPushButton::clicked, "cmdHot_Click", &frmOptions::cmdHot_Click);
-    routine(SSTab1, &QTabWidget::currentChanged, "SSTab1_Click", &frmOptions::SSTab1_Click);
+    ConnectRoutine(cmdOK, &QPushButton::clicked, this, "cmdOK_Click", &frmOptions::cmdOK_Click);
+    ConnectRoutine(cmdCancel, &QPushButton::clicked, this, "cmdCancel_Click",
+                   &frmOptions::cmdCancel_Click);
+    ConnectRoutine(cmdBrowse, &QPushButton::clicked, this, "cmdBrowse_Click",
+                   &frmOptions::cmdBrowse_Click);
+    ConnectRoutine(cmdHot, &QPushButton::clicked, this, "cmdHot_Click", &frmOptions::cmdHot_Click);
+    ConnectRoutine(SSTab1, &QTabWidget::currentChanged, this, "SSTab1_Click",
+                   &frmOptions::SSTab1_Click);
     // Switching a button on, by the user or by Form_Load, is its click.
     for (int i = 0; i < int(optGreet.size()); ++i)
         connect(optGreet[std::size_t(i)], &QRadioButton::toggled, this, [this, i](bool on) {
@@ -363,12 +363,9 @@ void frmOptions::reject()
 
 void frmOptions::Form_Unload()
 {
-    frmMain& f = *app.MainForm;
-    app.ModalOpen = 0;
-    if (!f.RemindTimer->isActive())
-        f.RemindTimer->start();
-    if (f.mnuViewTop->isChecked())
-        SetOnTop(app, true);
+    if (!app.MainForm->RemindTimer->isActive())
+        app.MainForm->RemindTimer->start();
+    LeaveWindowOverMain(app);
 }
 
 void frmOptions::Unload()
