@@ -42,7 +42,7 @@ void ReadRows(App& app, const QString& fileName)
         // A load that ran meanwhile has left its own table, which is kept.
         if (app.NoteTable.size() != std::size_t(n) + 1)
             return;
-        const NoteRow row = reader.Read(i);
+        const NoteRow row = reader.ReadSchedule(i);
         app.NoteTable[std::size_t(i)] = row;
         if (row.Remind == 1 && !timer.isActive())
             timer.start();

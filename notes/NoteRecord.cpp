@@ -29,16 +29,24 @@ QByteArray EncodeNoteRecord(const NoteRecord& record)
     return bytes;
 }
 
+NoteRow DecodeNoteRow(const QByteArray& bytes)
+{
+    const QByteArray whole = RecordFile::Completed(bytes, NumbersOffset, Length);
+    NoteRow row;
+    int offset = NumbersOffset;
+    for (std::int16_t NoteRow::*field : Numbers()) {
+        row.*field = RecordFile::Int16At(whole, offset);
+        offset += 2;
+    }
+    return row;
+}
+
 NoteRecord DecodeNoteRecord(const QByteArray& bytes)
 {
     const QByteArray whole = RecordFile::Completed(bytes, NumbersOffset, Length);
     NoteRecord record;
+    static_cast<NoteRow&>(record) = DecodeNoteRow(whole);
     record.NoteName = Cp1252::ReadField(whole.mid(0, NameWidth));
     record.NoteText = Cp1252::ReadField(whole.mid(NameWidth, TextWidth));
-    int offset = NumbersOffset;
-    for (std::int16_t NoteRow::*field : Numbers()) {
-        record.*field = RecordFile::Int16At(whole, offset);
-        offset += 2;
-    }
     return record;
 }

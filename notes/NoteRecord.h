@@ -26,3 +26,5 @@ constexpr int Length = NumbersOffset + 8 * 2;
 QByteArray EncodeNoteRecord(const NoteRecord& record);
 // Bytes missing at the end of a short record read as blanks in the texts and 0 in the numbers.
 NoteRecord DecodeNoteRecord(const QByteArray& bytes);
+// The schedule fields alone, for the table that the scheduler walks.
+NoteRow DecodeNoteRow(const QByteArray& bytes);

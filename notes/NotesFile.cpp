@@ -16,6 +16,11 @@ NoteRecord NotesFileReader::Read(int number)
     return DecodeNoteRecord(file_.Read(number));
 }
 
+NoteRow NotesFileReader::ReadSchedule(int number)
+{
+    return DecodeNoteRow(file_.Read(number));
+}
+
 std::vector<NoteRecord> ReadNotesFile(const QString& fileName)
 {
     const std::vector<QByteArray> bytes = RecordFile::ReadAll(fileName, Length);

@@ -20,6 +20,8 @@ public:
     std::int16_t Count() const { return file_.Count(); }
     // Record number (from 1).
     NoteRecord Read(int number);
+    // Its schedule fields alone.
+    NoteRow ReadSchedule(int number);
 
 private:
     RecordFile::Reader file_;
