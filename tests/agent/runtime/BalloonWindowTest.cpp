@@ -89,8 +89,9 @@ TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
             const QStringList visible = balloon.visibleText().split(QLatin1Char(' '));
             EXPECT_TRUE(visible.contains(words[i])) << flags << ": " << i;
             EXPECT_LT(visible.size(), 12) << "two short lines in view";
-            if (paced)
+            if (paced) {
                 EXPECT_EQ(visible.last(), words[i]) << "nothing before it is heard";
+            }
             seen.unite(QSet<QString>(visible.begin(), visible.end()));
         }
         EXPECT_EQ(seen.size(), words.size()) << flags;
