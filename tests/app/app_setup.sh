@@ -55,6 +55,7 @@ popup() {
 }
 for _ in 1 2 3; do
     popup || fail "no popup menu at the character"
+    # The menu is a window of its own; a key sent before it maps is lost.
     sleep 0.5
     xdotool key m
     for _ in $(seq 1 20); do

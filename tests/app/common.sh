@@ -13,6 +13,7 @@ start_tray_host() {
     trayer --edge bottom --align right --widthtype pixel --width 48 --heighttype pixel --height 48 \
         --expand false --SetDockType false --SetPartialStrut false >"$work/trayer.log" 2>&1 &
     tray_host=$!
+    # trayer shows no sign of having taken the tray; the program looks for one as it starts.
     sleep 1
 }
 [ "${NO_TRAY_HOST:-0}" = 1 ] || start_tray_host

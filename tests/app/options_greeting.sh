@@ -15,6 +15,7 @@ pid=$!
 main=$(wait_window '^Quorl$' 30) || fail "the program showed no window"
 focus "$main"
 xdotool key alt+f
+# The menu is a window of its own; a key sent before it maps is lost.
 sleep 0.5
 xdotool key o
 options=$(wait_window '^Options$' 15) || fail "File > Options opened no dialog"

@@ -27,6 +27,7 @@ wait_count() {
 "$quorl" >"$work/log1" 2>&1 &
 pid=$!
 box=$(wait_window '^Quorl$' 30) || fail "no box about the missing tray"
+# Time for a main window to show if it wrongly did; after the answer below it must.
 sleep 1
 [ "$(visible_windows)" -eq 1 ] || fail "the main window showed before the box was answered"
 focus "$box"
@@ -40,9 +41,12 @@ start_tray_host
 "$quorl" >"$work/log2" 2>&1 &
 pid=$!
 wait_window '^Quorl$' 30 >/dev/null || fail "no main window beside the tray"
+# The icon is embedded by the tray host after the window shows, with nothing to wait on.
 sleep 2
 double_click_icon() { xdotool mousemove 1268 1000 click --repeat 2 --delay 100 1; }
 xdotool mousemove 1268 1000 click 1
+# Past the double-click time: a single click must change nothing, and the double click below
+# must hide the window.
 sleep 1
 [ "$(visible_windows)" -eq 1 ] || fail "a single click changed the window"
 double_click_icon
