@@ -5,6 +5,7 @@
 #include "apps/LoadApps.h"
 #include "commands/VoiceCommands.h"
 #include "core/App.h"
+#include "core/Controls.h"
 #include "core/Conversions.h"
 #include "core/Guard.h"
 #include "core/OnTop.h"
@@ -43,11 +44,6 @@ QPushButton* button(const QString& caption, const QString& tip, QWidget* parent)
 }
 
 // The caption as a screen reader should say it: without the marks of the access keys.
-QString spoken(QString caption)
-{
-    return caption.remove(QLatin1Char('&')).remove(QLatin1Char(':')).trimmed();
-}
-
 bool blank(const QLineEdit* box)
 {
     return Conversions::Trim(box->text()).isEmpty();
@@ -99,14 +95,14 @@ frmApp::frmApp(App& app)
     List1->setAccessibleName(QStringLiteral("Voice Activated Applications"));
     for (auto [box, label] : {std::pair{txtName, Label1}, {txtVoice, Label3}, {txtPath, Label2}}) {
         label->setBuddy(box);
-        box->setAccessibleName(spoken(label->text()));
+        box->setAccessibleName(SpokenName(label->text()));
         box->installEventFilter(this);
     }
     cmdBrowse->setAccessibleName(QStringLiteral("Browse for the Application Path"));
     for (QAbstractButton* b :
          std::initializer_list<QAbstractButton*>{chkVisible, chkVoice, cmdAdd, cmdChange, cmdDel,
                                                  cmdUp, cmdDown, cmdClose, cmdEnable, cmdCommands})
-        b->setAccessibleName(spoken(b->text()));
+        b->setAccessibleName(SpokenName(b->text()));
 
     auto* data = new QGridLayout(Frame1);
     data->addWidget(Label1, 0, 0);

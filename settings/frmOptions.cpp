@@ -2,6 +2,7 @@
 
 #include "commands/VoiceCommands.h"
 #include "core/App.h"
+#include "core/Controls.h"
 #include "core/Guard.h"
 #include "core/OnTop.h"
 #include "core/frmMain.h"
@@ -48,15 +49,6 @@ QWidget* Page(QTabWidget* tabs, const QString& caption)
 
 // What a screen reader says for a caption: its text without the mnemonic marks and the
 // trailing colon or blanks.
-QString SpokenName(QString caption)
-{
-    caption.remove(QLatin1Char('&'));
-    caption = caption.trimmed();
-    if (caption.endsWith(QLatin1Char(':')))
-        caption.chop(1);
-    return caption;
-}
-
 } // namespace
 
 frmOptions::frmOptions(App& app)
