@@ -57,7 +57,7 @@ platform::Request FakeCharacter::request(const QString& call)
 {
     agent_.throwIfFailing(call);
     agent_.calls << call;
-    auto r = std::make_shared<FakeRequest>(call, agent_.newRequestStatus);
+    auto r = std::make_shared<FakeRequest>(agent_.newRequestStatus);
     agent_.requests.push_back(r);
     return r;
 }
@@ -69,10 +69,9 @@ platform::Request FakeCharacter::Play(const QString& animation)
     return request(QStringLiteral("Play(") + animation + QLatin1Char(')'));
 }
 
-bool FakeCharacter::log(const char* property, bool on)
+void FakeCharacter::log(const char* property, bool on)
 {
     agent_.calls << QLatin1String(property) + FakeCommand::flag(on);
-    return on;
 }
 
 void FakeCharacters::Load(const QString& id, const QString& file)

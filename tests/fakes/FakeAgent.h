@@ -6,7 +6,6 @@
 #include <QStringList>
 #include <map>
 #include <memory>
-#include <optional>
 #include <set>
 #include <vector>
 
@@ -18,9 +17,8 @@ namespace fakes
 class FakeRequest : public platform::AgentRequest
 {
 public:
-    explicit FakeRequest(QString call, int status) : call(std::move(call)), status(status) {}
+    explicit FakeRequest(int status) : status(status) {}
     int Status() const override { return status; }
-    QString call;
     int status;
 };
 
@@ -139,8 +137,8 @@ public:
     int Pitch() const override { return pitch; }
     int Speed() const override { return speed; }
     bool HasOtherClients() const override { return hasOtherClients; }
-    void setIdleOn(bool on) override { idleOn = log("IdleOn=", on); }
-    void setSoundEffectsOn(bool on) override { soundEffectsOn = log("SoundEffectsOn=", on); }
+    void setIdleOn(bool on) override { log("IdleOn=", on); }
+    void setSoundEffectsOn(bool on) override { log("SoundEffectsOn=", on); }
     platform::AgentBalloon& Balloon() override { return balloon; }
     platform::AgentCommands& Commands() override { return commands; }
 
@@ -152,8 +150,6 @@ public:
     int pitch = 120;
     int speed = 160;
     bool hasOtherClients = false;
-    std::optional<bool> idleOn;
-    std::optional<bool> soundEffectsOn;
     // Animations that Play accepts; any other name throws as the real control does.
     std::set<QString> animations{QStringLiteral("Read"), QStringLiteral("ReadReturn"),
                                  QStringLiteral("ReadContinued"), QStringLiteral("Greet")};
@@ -162,7 +158,7 @@ public:
 
 private:
     platform::Request request(const QString& call);
-    bool log(const char* property, bool on);
+    void log(const char* property, bool on);
     FakeAgent& agent_;
 };
 

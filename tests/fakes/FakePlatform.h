@@ -8,6 +8,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 // Test doubles for every platform interface, bundled as one Platform.
@@ -94,12 +95,10 @@ public:
 class FakeScreen : public platform::Screen
 {
 public:
-    int Width() const override { return widthPixels * 15; }
-    int Height() const override { return heightPixels * 15; }
+    int Width() const override { return 1024 * 15; }
+    int Height() const override { return 768 * 15; }
     int TwipsPerPixelX() const override { return 15; }
     int TwipsPerPixelY() const override { return 15; }
-    int widthPixels = 1024;
-    int heightPixels = 768;
 };
 
 class FakeClipboard : public platform::Clipboard
@@ -168,16 +167,14 @@ class FakeTray : public platform::TrayIcon
 {
 public:
     bool Available() const override { return available; }
-    void Create(const QIcon&, const QString& tip, std::function<void()> onDoubleClick) override
+    void Create(const QIcon&, const QString&, std::function<void()> onDoubleClick) override
     {
-        this->tip = tip;
         doubleClick = std::move(onDoubleClick);
         shown = true;
     }
     void Delete() override { shown = false; }
     bool available = true;
     bool shown = false;
-    QString tip;
     std::function<void()> doubleClick;
 };
 
