@@ -1,6 +1,5 @@
 #include "apps/AppsFile.h"
 
-#include "core/ReplaceFile.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>
@@ -114,23 +113,6 @@ TEST_F(AppsFileTest, WrittenRecordsReadBackTheSameAndAnEmptyListLeavesNoFile)
         WriteAppsFile(name, {});
         EXPECT_FALSE(QFile::exists(name));
     }
-}
-
-TEST_F(AppsFileTest, AWriteThatFailsHalfWayLeavesTheOldFileWhole)
-{
-    WriteAppsFile(name, {record(1), record(2)});
-    const QByteArray old = fileBytes(name);
-    struct WriterKilled {
-    };
-    EXPECT_THROW(ReplaceFile(name,
-                             [](QIODevice& file) {
-                                 file.write(EncodeAppRecord(record(9)));
-                                 file.write(QByteArray(100, 'x'));
-                                 throw WriterKilled{};
-                             }),
-                 WriterKilled);
-    EXPECT_EQ(fileBytes(name), old);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"Apps.cfg"});
 }
 
 TEST_F(AppsFileTest, FilesThatCannotBeOpenedAreErrors)

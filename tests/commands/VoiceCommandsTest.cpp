@@ -16,10 +16,10 @@ struct VoiceCommandsTest : CharacterFixture, ::testing::Test {
     }
 };
 
-TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesInOrderAndTwelveValues)
+TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesInOrderAndTwelveValuesThenUsesThem)
 {
     SetVoiceCommands(app);
-    const QStringList expected{
+    QStringList expected{
         "Commands.RemoveAll()",
         "Commands.Caption=Quorl",
         "Commands.Voice=Quorl",
@@ -30,46 +30,30 @@ TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesInOrderAndTwelv
         "Commands.Add(Date,What is the Date?,What is the date,1,1)",
         "Commands.Add(Shut,Shut Down Windows,Shut Down,1,1)",
         "Commands.Add(Restart,Restart Windows,Restart Windows,1,1)",
-        "Command(Clip).Enabled=1",
-        "Command(Clip).Visible=1",
-        "Command(Notes).Enabled=1",
-        "Command(Notes).Visible=1",
-        "Command(Time).Enabled=1",
-        "Command(Time).Visible=1",
-        "Command(Date).Enabled=1",
-        "Command(Date).Visible=1",
-        "Command(Restart).Enabled=1",
-        "Command(Restart).Visible=1",
-        "Command(Shut).Enabled=1",
-        "Command(Shut).Visible=1",
-        "Commands.Add(CloseQuorl,Close Quorl,(Quit Quorl | Close Quorl),1,1)",
-        "Commands.Add(Yes,Yes,(Yes),0,0)",
-        "Commands.Add(No,No,(No),0,0)",
-        "Commands.Add( , , ,0,1)",
     };
+    for (const QString name : {"Clip", "Notes", "Time", "Date", "Restart", "Shut"})
+        expected << "Command(" + name + ").Enabled=1"
+                 << "Command(" + name + ").Visible=1";
+    expected << "Commands.Add(CloseQuorl,Close Quorl,(Quit Quorl | Close Quorl),1,1)"
+             << "Commands.Add(Yes,Yes,(Yes),0,0)"
+             << "Commands.Add(No,No,(No),0,0)"
+             << "Commands.Add( , , ,0,1)";
     EXPECT_EQ(fp.agent->calls, expected);
     EXPECT_EQ(character().Commands().Caption(), "Quorl");
     EXPECT_TRUE(character().Commands().Visible());
 
-    const std::pair<QString, QString> values[] = {{"TimeCmd", "What is the time"},
-                                                  {"DateCmd", "What is the date"},
-                                                  {"ShutCmd", "Shut Down"},
-                                                  {"NotesCmd", "Notes"},
-                                                  {"ClipCmd", "Clip Board"},
-                                                  {"RestartCmd", "Restart Windows"},
-                                                  {"EnReadClip", "1"},
-                                                  {"EnNotes", "1"},
-                                                  {"EnTime", "1"},
-                                                  {"EnDate", "1"},
-                                                  {"EnRestart", "1"},
-                                                  {"Shutdown", "1"}};
+    const std::pair<QString, QString> values[] = {
+        {"TimeCmd", "What is the time"}, {"DateCmd", "What is the date"},
+        {"ShutCmd", "Shut Down"},        {"NotesCmd", "Notes"},
+        {"ClipCmd", "Clip Board"},       {"RestartCmd", "Restart Windows"}};
     for (const auto& [name, value] : values)
         EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
+    for (const QString flag :
+         {"EnReadClip", "EnNotes", "EnTime", "EnDate", "EnRestart", "Shutdown"})
+        EXPECT_EQ(fp.store.value(flag), "1") << flag.toStdString();
     EXPECT_EQ(fp.store.valueCount(), 12);
-}
 
-TEST_F(VoiceCommandsTest, StoredVoiceTextsAreTheGrammars)
-{
+    // Stored voice texts are the grammars.
     fp.store.setValue("TimeCmd", "Tell me the time");
     fp.store.setValue("ClipCmd", "(Read|Clip)");
     SetVoiceCommands(app);
