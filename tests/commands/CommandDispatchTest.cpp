@@ -56,18 +56,24 @@ TEST_F(CommandDispatchTest, APopupPickAndAPhraseTakeTheOneRoutine)
     }
 }
 
-TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
+TEST_F(CommandDispatchTest, AWeightyCommandAsksInItsWindowAndNoGivesEverythingBack)
 {
     character().name = "Lumo";
     const struct {
         QString name, label, tag, question;
+        bool mainVisible, topMost, byKey;
     } cases[] = {
-        {"Shut", "Shut Down", "1", "Are you sure you want to shut down?"},
-        {"Restart", "Restart", "2", "Are you sure you want to restart?"},
-        {"CloseQuorl", "Close Quorl", "10", "Are you sure you want to close Quorl?"},
+        {"Shut", "Shut Down", "1", "shut down?", true, false, false},
+        {"Restart", "Restart", "2", "restart?", false, false, true},
+        {"CloseQuorl", "Close Quorl", "10", "close Quorl?", true, true, false},
+        {"Shut", "Shut Down", "1", "shut down?", false, true, true},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name.toStdString());
+        SCOPED_TRACE(testing::Message() << c.name.toStdString() << " visible " << c.mainVisible
+                                        << " top " << c.topMost);
+        app.MainForm->setVisible(c.mainVisible);
+        app.MainForm->mnuViewTop->setChecked(c.topMost);
+        app.OnTop = c.topMost;
         command(c.name);
         EXPECT_TRUE(app.ConfirmPending);
         ASSERT_TRUE(app.ShutForm);
@@ -75,7 +81,7 @@ TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
         EXPECT_EQ(form.Label1->text(), c.label);
         EXPECT_EQ(Tag(&form), c.tag);
         EXPECT_TRUE(form.isVisible());
-        EXPECT_TRUE(lastSpoken().contains(c.question));
+        EXPECT_TRUE(lastSpoken().contains("Are you sure you want to " + c.question));
         // The question is queued first, then No and Yes can be said; never picked.
         const QStringList tail = fp.agent->calls.mid(fp.agent->calls.size() - 3);
         EXPECT_TRUE(tail[0].startsWith("Speak("));
@@ -89,24 +95,8 @@ TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
         EXPECT_EQ(form.cmdYes->text(), "&YES");
         EXPECT_EQ(form.cmdNo->nextInFocusChain(), form.cmdYes);
         EXPECT_FALSE(form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
-        command("No");
-        fp.agent->calls.clear();
-    }
-}
-
-TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBack)
-{
-    const struct {
-        bool mainVisible, topMost, byKey;
-    } cases[] = {
-        {true, false, false}, {false, false, true}, {true, true, false}, {false, true, true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << "visible " << c.mainVisible << " top " << c.topMost);
-        app.MainForm->setVisible(c.mainVisible);
-        app.MainForm->mnuViewTop->setChecked(c.topMost);
-        app.OnTop = c.topMost;
-        command("Shut");
-        EXPECT_EQ(ShutForm(app)->WasVisible, c.mainVisible);
+        // Loading takes over the main window.
+        EXPECT_EQ(form.WasVisible, c.mainVisible);
         EXPECT_FALSE(app.MainForm->isVisible());
         EXPECT_FALSE(app.OnTop);
         EXPECT_EQ(app.ModalOpen, 1);
@@ -115,7 +105,7 @@ TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBac
 
         // No is said, or Escape pressed in the window.
         if (c.byKey)
-            QTest::keyClick(ShutForm(app), Qt::Key_Escape);
+            QTest::keyClick(&form, Qt::Key_Escape);
         else
             command("No");
         EXPECT_TRUE(lastSpoken().contains("That was close!"));
@@ -132,9 +122,6 @@ TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBac
         EXPECT_TRUE(fp.power.calls.empty());
         EXPECT_EQ(fp.process.ends, 0);
     }
-    fp.agent->calls.clear();
-    command("No");
-    EXPECT_TRUE(fp.agent->calls.isEmpty());
 }
 
 TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
@@ -159,71 +146,56 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
     EXPECT_EQ(fp.power.calls, (PowerCalls{{2, 0}}));
 }
 
-TEST_F(CommandDispatchTest, ASpokenYesToShutDownOrRestartSavesAsksThePlatformAndEnds)
-{
-    for (const unsigned code : {1u, 2u}) {
-        for (const bool save : {true, false}) {
-            SCOPED_TRACE(testing::Message() << code << (save ? " saving" : " not saving"));
-            fp.power.calls.clear();
-            fp.process.ends = 0;
-            fp.store.writes.clear();
-            app.MainForm->mnuFileSave->setChecked(save);
-            command(code == 1 ? "Shut" : "Restart");
-
-            QStringList writesAtPowerOff;
-            fp.power.onCall = [&] { writesAtPowerOff = fp.store.writes; };
-            EXPECT_THROW(command("Yes"), ProgramEnded);
-
-            EXPECT_EQ(fp.power.calls, (PowerCalls{{code, 0}}));
-            EXPECT_EQ(fp.process.ends, 1);
-            EXPECT_EQ(writesAtPowerOff.contains("WinX"), save);
-            EXPECT_EQ(fp.store.writes, writesAtPowerOff);
-            // The end comes at once: no unloading, so the window values go only with Save.
-            EXPECT_EQ(fp.store.writes.contains("SaveSettings"), save);
-            EXPECT_FALSE(app.ConfirmPending);
-
-            app.ShutForm.reset();
-            app.MainForm->show();
-            fp.power.onCall = nullptr;
-        }
-    }
-}
-
-TEST_F(CommandDispatchTest, YesToCloseOrByButtonAsksThePlatformFirstAndThenClosesTheProgram)
+TEST_F(CommandDispatchTest, YesAsksThePlatformFirstAndThenEndsTheProgram)
 {
     const struct {
         QString name;
-        bool byButton;
+        bool byButton, save;
         PowerCalls power;
-    } cases[] = {{"Shut", true, {{1, 0}}},
-                 {"Restart", true, {{2, 0}}},
-                 {"CloseQuorl", true, {}},
-                 {"CloseQuorl", false, {}}};
+    } cases[] = {
+        {"Shut", false, true, {{1, 0}}},    {"Shut", false, false, {{1, 0}}},
+        {"Restart", false, true, {{2, 0}}}, {"Restart", false, false, {{2, 0}}},
+        {"CloseQuorl", false, false, {}},   {"Shut", true, false, {{1, 0}}},
+        {"Restart", true, false, {{2, 0}}}, {"CloseQuorl", true, false, {}},
+    };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name.toStdString() + (c.byButton ? " by button" : " spoken"));
+        SCOPED_TRACE(testing::Message() << c.name.toStdString() << (c.byButton ? " by button" : "")
+                                        << (c.save ? " saving" : ""));
         fp.power.calls.clear();
+        fp.process.ends = 0;
         fp.store.writes.clear();
-        app.MainForm->mnuFileSave->setChecked(false);
+        app.MainForm->show();
+        app.MainForm->mnuFileSave->setChecked(c.save);
         command(c.name);
         fp.agent->calls.clear();
+        QStringList writesAtPowerOff;
         fp.power.onCall = [&] {
+            writesAtPowerOff = fp.store.writes;
             EXPECT_TRUE(app.ShutForm);
-            EXPECT_TRUE(fp.store.writes.isEmpty());
         };
         if (c.byButton)
             EXPECT_THROW(ShutForm(app)->cmdYes->click(), ProgramEnded);
         else
             EXPECT_THROW(command("Yes"), ProgramEnded);
         EXPECT_EQ(fp.power.calls, c.power);
-        EXPECT_FALSE(app.ShutForm);
-        EXPECT_EQ(fp.agent->calls,
-                  QStringList({"Command(No).Enabled=0", "Command(Yes).Enabled=0"}));
-        EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
-        EXPECT_EQ(app.ModalOpen, 0);
+        EXPECT_EQ(fp.process.ends, 1);
+        EXPECT_EQ(writesAtPowerOff.contains("WinX"), c.save);
+        if (!c.byButton && !c.power.empty()) {
+            // The end comes at once: no unloading, so the window values go only with Save.
+            EXPECT_EQ(fp.store.writes, writesAtPowerOff);
+            EXPECT_EQ(fp.store.writes.contains("SaveSettings"), c.save);
+        } else {
+            EXPECT_TRUE(writesAtPowerOff.isEmpty());
+            EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
+            EXPECT_FALSE(app.ShutForm);
+            EXPECT_EQ(fp.agent->calls,
+                      QStringList({"Command(No).Enabled=0", "Command(Yes).Enabled=0"}));
+            EXPECT_EQ(app.ModalOpen, 0);
+        }
         // The answer by button leaves the pending flag, which no longer matters.
         EXPECT_EQ(app.ConfirmPending, c.byButton);
         fp.power.onCall = nullptr;
-        app.MainForm->show();
+        app.ShutForm.reset();
     }
 }
 
