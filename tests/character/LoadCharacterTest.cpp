@@ -55,7 +55,7 @@ struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
     }
 };
 
-TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
+TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrderAndAReloadKeepsThePlace)
 {
     EXPECT_FALSE(load(true, Good));
     ASSERT_NE(app.Character, nullptr);
@@ -76,6 +76,16 @@ TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
     // The show is only queued, so the caption follows the state at the call.
     EXPECT_EQ(app.MainForm->cmdShow->text(), "&Show");
     EXPECT_TRUE(fp.dialogs.boxes.empty());
+
+    // A reload of the same character neither hides nor moves it.
+    fp.agent->character()->visible = true;
+    fp.agent->calls.clear();
+    EXPECT_FALSE(load(false, Good, true));
+    EXPECT_TRUE(callsOf({"Hide", "Unload", "Load", "MoveTo"}).isEmpty());
+    EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
+    EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
+              QStringList({"SoundEffectsOn=1", "IdleOn=1", "Show(0)"}));
+    EXPECT_EQ(app.MainForm->cmdShow->text(), "&Hide");
 }
 
 TEST_F(LoadCharacterTest, PositionStaysInsideTheScreen)
@@ -184,19 +194,6 @@ TEST_F(LoadCharacterTest, OnReloadCancelLeavesTheRoutineAndACancelledDialogComes
     EXPECT_EQ(characterErrorBoxes(), 2) << "an empty path brings no box";
     EXPECT_EQ(fp.dialogs.fileRequests.size(), 2u);
     EXPECT_NE(app.Character, nullptr);
-}
-
-TEST_F(LoadCharacterTest, ReloadOfTheSameCharacterNeitherHidesNorMoves)
-{
-    load(true, Good);
-    fp.agent->character()->visible = true;
-    fp.agent->calls.clear();
-    EXPECT_FALSE(load(false, Good, true));
-    EXPECT_TRUE(callsOf({"Hide", "Unload", "Load", "MoveTo"}).isEmpty());
-    EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
-    EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
-              QStringList({"SoundEffectsOn=1", "IdleOn=1", "Show(0)"}));
-    EXPECT_EQ(app.MainForm->cmdShow->text(), "&Hide");
 }
 
 TEST_F(LoadCharacterTest, CharacterInUseWarnsAndLoadingGoesOn)

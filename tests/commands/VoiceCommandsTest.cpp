@@ -96,7 +96,7 @@ TEST_F(VoiceCommandsTest, WithoutSpeechInputTheValuesAreReadAndTheListIsUntouche
     EXPECT_EQ(fp.store.value("EnRestart"), std::nullopt);
 }
 
-TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsAndLeavesYesAndNoDisabled)
+TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsLeavesYesAndNoDisabledAndGoesPastAFailure)
 {
     SetVoiceCommands(app);
     character().Commands().Add(" 1", "Editor", "Editor", true, true);
@@ -109,10 +109,8 @@ TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsAndLeavesYesAndNoDisabled)
                                     "CloseQuorl", "Yes", "No", " "}));
     EXPECT_FALSE(character().Commands().Command("Yes").Enabled());
     EXPECT_FALSE(character().Commands().Command("No").Enabled());
-}
 
-TEST_F(VoiceCommandsTest, AFailedEntryIsReportedAndTheRestIsBuilt)
-{
+    // A failed entry is reported and the rest is built.
     fp.agent->failCalls("Commands.Add(Notes", Refused);
     SetVoiceCommands(app);
 
