@@ -42,8 +42,7 @@ TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceEvenBeyondTheSlidersAndTheT
     cmdDefaults_Click(app);
     EXPECT_EQ(form().sdrPitch->value(), 50);
     EXPECT_EQ(form().sdrSpeed->value(), 250);
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=30\\"));
-    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=300\\"));
+    EXPECT_EQ(tags(), R"(\pit=30\\spd=300\\vol=65535\)");
 }
 
 TEST_F(VoicePanelTest, SlidersRebuildTheirOwnTagOnly)
