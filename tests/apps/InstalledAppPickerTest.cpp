@@ -17,14 +17,6 @@ namespace
 
 using namespace Qt::Literals::StringLiterals;
 
-// Where the desktop's entries are looked for, and the language of their names.
-void useDesktop(const QString& dataDirs, const QString& dataHome, const char* language)
-{
-    qputenv("XDG_DATA_DIRS", dataDirs.toLocal8Bit());
-    qputenv("XDG_DATA_HOME", dataHome.toLocal8Bit());
-    qputenv("LANGUAGE", language);
-}
-
 const QString LongName = u"Long: Editor-Pro (2026 Edition) for everything you wanted"_s;
 
 // An XDG data folder with entries of every kind the picker must tell apart.
@@ -39,7 +31,10 @@ struct Fixture {
         write("echo", R"(Name=Quoted Echo
 Exec="/bin/echo" "two words" "say \\"hi\\"" 100%% %f)");
         write("long", "Name=" + LongName.toUtf8() + "\nExec=true --long");
-        useDesktop(data.path(), home.path(), "de");
+        // Where the desktop's entries are looked for, and the language of their names.
+        qputenv("XDG_DATA_DIRS", data.path().toLocal8Bit());
+        qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+        qputenv("LANGUAGE", "de");
     }
 
     void write(const char* name, const QByteArray& keys)

@@ -51,9 +51,7 @@ void add(frmApp& f, const QString& name, const QString& voice, const QString& pa
     click(f.cmdAdd);
 }
 
-class frmAppTest : public ::testing::Test
-{
-protected:
+struct frmAppTest : ::testing::Test {
     frmAppTest()
     {
         program.app.AppPath = dir.path();
