@@ -27,13 +27,6 @@ AppRecord record(int i)
             QString("/usr/bin/program%1 --arg").arg(i), 1, 1};
 }
 
-QByteArray fileBytes(const QString& name)
-{
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
-
 TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
 {
     const QString fifty = "Fifty characters of title, with no blank after it!";
@@ -105,8 +98,10 @@ TEST_F(AppsFileTest, WrittenRecordsReadBackTheSameAndAnEmptyListLeavesNoFile)
 {
     const std::vector<AppRecord> records{record(1), record(2), record(3)};
     WriteAppsFile(name, records);
-    EXPECT_EQ(fileBytes(name), EncodeAppRecord(records[0]) + EncodeAppRecord(records[1]) +
-                                   EncodeAppRecord(records[2]));
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), EncodeAppRecord(records[0]) + EncodeAppRecord(records[1]) +
+                                  EncodeAppRecord(records[2]));
     EXPECT_EQ(ReadAppsFile(name), records);
     for (int i = 0; i < 2; ++i) {
         WriteAppsFile(name, {});
