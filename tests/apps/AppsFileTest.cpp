@@ -1,6 +1,7 @@
 #include "apps/AppsFile.h"
 
-#include "core/ReplaceFile.h"
+#include "apps/LoadApps.h"
+#include "fakes/CharacterFixture.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>
@@ -8,7 +9,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-// The application records and the file that holds them.
+// The application records, the file that holds them, and their loading as commands.
 
 QByteArray blanks(int n)
 {
@@ -23,14 +24,7 @@ QByteArray flags(const char (&bytes)[5])
 AppRecord record(int i)
 {
     return {QString("Title %1").arg(i), QString("Voice %1").arg(i),
-            QString("/usr/bin/program%1 --arg").arg(i), std::int16_t(i % 2), 1};
-}
-
-QByteArray fileBytes(const QString& name)
-{
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
+            QString("/usr/bin/program%1 --arg").arg(i), 1, 1};
 }
 
 TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
@@ -69,10 +63,6 @@ TEST(AppRecordTest, DecodingCutsTrimsAndFillsFields)
     EXPECT_EQ(DecodeAppRecord("  Mail " + blanks(43) + " mail" + blanks(45) + "   /usr/bin/mutt  " +
                               blanks(237) + flags("\x01\x00\x01\x00")),
               (AppRecord{"Mail", "mail", "/usr/bin/mutt", 1, 1}));
-    // The missing bytes of a short record read as blanks and zero.
-    const AppRecord full{"Title", "Voice", "/usr/bin/program", 1, 1};
-    EXPECT_EQ(DecodeAppRecord(EncodeAppRecord(full).left(180)),
-              (AppRecord{"Title", "Voice", "/usr/bin/program", 0, 0}));
 }
 
 struct AppsFileTest : ::testing::Test {
@@ -97,8 +87,9 @@ TEST_F(AppsFileTest, FilesOfEachLengthGiveTheirRecords)
         ASSERT_EQ(records.size(), count) << length;
         for (std::size_t i = 0; i < records.size(); ++i)
             EXPECT_EQ(records[i].Title, record(int(i) + 1).Title) << length;
+        // The missing bytes of a short record read as blanks and zero.
         if (length == 539) {
-            EXPECT_EQ(records[1].Path, record(2).Path.left(180 - 100));
+            EXPECT_EQ(records[1], (AppRecord{"Title 2", "Voice 2", record(2).Path.left(80), 0, 0}));
         }
     }
 }
@@ -107,30 +98,15 @@ TEST_F(AppsFileTest, WrittenRecordsReadBackTheSameAndAnEmptyListLeavesNoFile)
 {
     const std::vector<AppRecord> records{record(1), record(2), record(3)};
     WriteAppsFile(name, records);
-    EXPECT_EQ(fileBytes(name), EncodeAppRecord(records[0]) + EncodeAppRecord(records[1]) +
-                                   EncodeAppRecord(records[2]));
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), EncodeAppRecord(records[0]) + EncodeAppRecord(records[1]) +
+                                  EncodeAppRecord(records[2]));
     EXPECT_EQ(ReadAppsFile(name), records);
     for (int i = 0; i < 2; ++i) {
         WriteAppsFile(name, {});
         EXPECT_FALSE(QFile::exists(name));
     }
-}
-
-TEST_F(AppsFileTest, AWriteThatFailsHalfWayLeavesTheOldFileWhole)
-{
-    WriteAppsFile(name, {record(1), record(2)});
-    const QByteArray old = fileBytes(name);
-    struct WriterKilled {
-    };
-    EXPECT_THROW(ReplaceFile(name,
-                             [](QIODevice& file) {
-                                 file.write(EncodeAppRecord(record(9)));
-                                 file.write(QByteArray(100, 'x'));
-                                 throw WriterKilled{};
-                             }),
-                 WriterKilled);
-    EXPECT_EQ(fileBytes(name), old);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"Apps.cfg"});
 }
 
 TEST_F(AppsFileTest, FilesThatCannotBeOpenedAreErrors)
@@ -140,4 +116,95 @@ TEST_F(AppsFileTest, FilesThatCannotBeOpenedAreErrors)
     EXPECT_FALSE(QFile::exists(missing));
     ASSERT_TRUE(QDir().mkpath(name));
     EXPECT_THROW(ReadAppsFile(name), platform::RuntimeError);
+}
+
+struct LoadAppsTest : CharacterFixture, ::testing::Test {
+    LoadAppsTest() { app.AppPath = dir.path(); }
+    void writeApps(const std::vector<AppRecord>& records)
+    {
+        WriteAppsFile(AppsFilePath(app.AppPath), records);
+    }
+    QTemporaryDir dir;
+    const std::vector<AppRecord> three{
+        {"Editor", "Open the editor", "/usr/bin/gedit --new-window", 1, 1},
+        {"Hidden", "(Hidden|Secret)", "secret", 0, 1},
+        {"Mail", "Mail", "mutt", 1, 0},
+    };
+};
+
+TEST_F(LoadAppsTest, EachRecordBecomesACommandAndAPath)
+{
+    writeApps(three);
+    app.AppPaths = {QString(), "left over"};
+    LoadApps(app);
+    EXPECT_EQ(fp.agent->calls, QStringList({"Commands.Add( 1,Editor,Open the editor,1,1)",
+                                            "Commands.Add( 2,Hidden,(Hidden|Secret),1,0)",
+                                            "Commands.Add( 3,Mail,Mail,0,1)"}));
+    EXPECT_EQ(app.AppPaths,
+              (std::vector<QString>{QString(), "/usr/bin/gedit --new-window", "secret", "mutt"}));
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+
+    // Any flag other than zero counts as true.
+    fp.agent->calls.clear();
+    writeApps({{"T", "V", "p", -1, 256}});
+    LoadApps(app);
+    EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Add( 1,T,V,1,1)"});
+}
+
+TEST_F(LoadAppsTest, NothingToLoadLeavesTheTableEmptyWithoutABox)
+{
+    const QString name = AppsFilePath(dir.path());
+    const std::pair<const char*, std::function<void()>> setups[] = {
+        {"no file", [] {}},
+        {"empty file", [&] { QFile(name).open(QIODevice::WriteOnly); }},
+        {"less than half a record",
+         [&] {
+             QFile file(name);
+             file.open(QIODevice::WriteOnly);
+             file.write(QByteArray(179, 'x'));
+         }},
+        {"no speech input",
+         [&] {
+             writeApps(three);
+             fp.agent->speechInputInstalled = false;
+         }},
+    };
+    for (const auto& [what, setup] : setups) {
+        setup();
+        app.AppPaths = {QString(), "left over"};
+        LoadApps(app);
+        EXPECT_EQ(app.AppPaths.size(), 1u) << what;
+        EXPECT_TRUE(fp.agent->calls.isEmpty()) << what;
+        EXPECT_TRUE(fp.dialogs.boxes.empty()) << what;
+    }
+}
+
+TEST_F(LoadAppsTest, AFileThatCannotBeOpenedShowsTheFileReadErrorBox)
+{
+    ASSERT_TRUE(QDir().mkpath(AppsFilePath(dir.path())));
+    LoadApps(app);
+    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
+    const fakes::Box& box = fp.dialogs.boxes[0];
+    EXPECT_EQ(box.icon, platform::BoxIcon::Critical);
+    EXPECT_EQ(box.buttons, platform::BoxButtons::OK);
+    EXPECT_EQ(box.title, "File Read Error");
+    EXPECT_EQ(box.text, "Please send the following info to " + SupportAddress +
+                            " to help with a fix:\r\n" + AppsFilePath(dir.path()));
+    ASSERT_EQ(errorBoxes().size(), 1);
+    EXPECT_TRUE(errorBoxes()[0].contains("( 10.1 )"));
+    EXPECT_EQ(app.AppPaths.size(), 1u);
+    EXPECT_TRUE(fp.agent->calls.isEmpty());
+}
+
+TEST_F(LoadAppsTest, AFailingRecordKeepsTheCommandsBeforeItAndLeavesItsSlotEmpty)
+{
+    writeApps(three);
+    fp.agent->failCalls("Commands.Add( 2,", {1234, "Agent.Control.1", "refused"});
+    LoadApps(app);
+    EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Add( 1,Editor,Open the editor,1,1)"});
+    EXPECT_EQ(app.AppPaths, (std::vector<QString>{QString(), "/usr/bin/gedit --new-window",
+                                                  QString(), QString()}));
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    ASSERT_EQ(errorBoxes().size(), 1);
+    EXPECT_TRUE(errorBoxes()[0].contains("( 10.2 )"));
 }

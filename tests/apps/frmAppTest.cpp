@@ -51,17 +51,7 @@ void add(frmApp& f, const QString& name, const QString& voice, const QString& pa
     click(f.cmdAdd);
 }
 
-// One record as the file holds it.
-QByteArray recordBytes(const char* title, const char* voice, const char* path, char visible,
-                       char voiceOn)
-{
-    return QByteArray(title).leftJustified(50) + QByteArray(voice).leftJustified(50) +
-           QByteArray(path).leftJustified(255) + QByteArray(1, visible) + '\0' + voiceOn + '\0';
-}
-
-class frmAppTest : public ::testing::Test
-{
-protected:
+struct frmAppTest : ::testing::Test {
     frmAppTest()
     {
         program.app.AppPath = dir.path();
@@ -101,14 +91,6 @@ protected:
         return program.fp.agent->calls.filter(QRegularExpression(u"^Commands\\.Add\\( \\d"_s));
     }
 
-    QStringList boxTitles() const
-    {
-        QStringList titles;
-        for (const fakes::Box& box : program.fp.dialogs.boxes)
-            titles << box.title;
-        return titles;
-    }
-
     fakes::LoadedProgram program;
     QTemporaryDir dir;
     QString file_ = AppsFilePath(dir.path());
@@ -136,9 +118,10 @@ TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
         click(f.cmdClose);
     });
 
-    EXPECT_EQ(fileBytes(), recordBytes("Editor", "Open the editor", "/usr/bin/editor --new", 1, 1) +
-                               recordBytes("Mail", "Read my mail", "mutt", 0, 1) +
-                               recordBytes("Music", "Play music", "player", 1, 0));
+    EXPECT_EQ(ReadAppsFile(file_),
+              (std::vector<AppRecord>{{"Editor", "Open the editor", "/usr/bin/editor --new", 1, 1},
+                                      {"Mail", "Read my mail", "mutt", 0, 1},
+                                      {"Music", "Play music", "player", 1, 0}}));
     EXPECT_EQ(appCommands(), QStringList({u"Commands.Add( 1,Editor,Open the editor,1,1)"_s,
                                           u"Commands.Add( 2,Mail,Read my mail,1,0)"_s,
                                           u"Commands.Add( 3,Music,Play music,0,1)"_s}));
@@ -175,7 +158,8 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
             program.fp.dialogs.boxes.clear();
             const int before = f.AppCount();
             add(f, c.name, c.voice, c.path);
-            EXPECT_EQ(boxTitles(), c.refusal.isEmpty() ? QStringList() : QStringList{c.refusal})
+            EXPECT_EQ(program.fp.dialogs.titles(),
+                      c.refusal.isEmpty() ? QStringList() : QStringList{c.refusal})
                 << c.name.toStdString();
             EXPECT_EQ(f.AppCount(), before + int(c.refusal.isEmpty())) << c.name.toStdString();
         }
@@ -188,7 +172,7 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
         EXPECT_TRUE(program.fp.dialogs.boxes.empty());
         type(f.txtVoice, u"say word"_s);
         click(f.cmdChange);
-        EXPECT_EQ(boxTitles(), QStringList{taken});
+        EXPECT_EQ(program.fp.dialogs.titles(), QStringList{taken});
         type(f.txtVoice, u"Say it"_s);
         type(f.txtName, u"Words"_s);
         click(f.cmdChange);
@@ -310,7 +294,7 @@ TEST_F(frmAppTest, FileTroubleShowsItsBoxAndKeepsTheProgramUsable)
         EXPECT_FALSE(f.isVisible());
     });
     const QString title = "Cannot Open "_L1 + file_;
-    EXPECT_EQ(boxTitles(), QStringList({title, title}));
+    EXPECT_EQ(program.fp.dialogs.titles(), QStringList({title, title}));
     EXPECT_TRUE(appCommands().isEmpty());
     EXPECT_FALSE(program.character().Commands().Visible());
 
@@ -319,7 +303,7 @@ TEST_F(frmAppTest, FileTroubleShowsItsBoxAndKeepsTheProgramUsable)
     bool shown = false;
     open([&](frmApp&) { shown = true; });
     EXPECT_FALSE(shown);
-    EXPECT_EQ(boxTitles(), QStringList{title});
+    EXPECT_EQ(program.fp.dialogs.titles(), QStringList{title});
     EXPECT_EQ(program.app.ModalOpen, 0);
     EXPECT_TRUE(program.character().Commands().Visible());
 }

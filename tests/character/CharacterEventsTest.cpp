@@ -9,15 +9,6 @@
 #include <gtest/gtest.h>
 
 struct CharacterEventsTest : CharacterFixture, ::testing::Test {
-    void startClipReading()
-    {
-        app.ReadingClip = true;
-        form().Timer2->start();
-        form().cmdCont->setText("&Pause");
-        form().cmdCont->setEnabled(true);
-        form().cmdShow->setEnabled(false);
-        form().setWindowTitle("Quorl - Reading From Clip Board");
-    }
 };
 
 TEST_F(CharacterEventsTest, HidingPausesAReadingAndShowingAgainDoesNotResume)
@@ -26,8 +17,11 @@ TEST_F(CharacterEventsTest, HidingPausesAReadingAndShowingAgainDoesNotResume)
                                               {false, "Quorl - Reading /books/tale.txt (Paused)"}};
     for (const auto& [clip, title] : cases) {
         SCOPED_TRACE(title.toStdString());
-        startClipReading();
         app.ReadingClip = clip;
+        form().Timer2->start();
+        form().cmdCont->setText("&Pause");
+        form().cmdCont->setEnabled(true);
+        form().cmdShow->setEnabled(false);
         setTag(form().mnuFileRead, clip ? "" : "1");
         form().ReadFileName = "/books/tale.txt";
         app.AnimateRead = clip ? "1" : "0";

@@ -31,15 +31,16 @@ struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
 
     int characterErrorBoxes() const
     {
-        for (const auto& box : fp.dialogs.boxes)
-            if (box.title == "Character Error") {
-                EXPECT_EQ(box.icon, platform::BoxIcon::Critical);
-            }
-        const QStringList texts = fp.dialogs.texts("Character Error");
-        for (const QString& text : texts)
-            EXPECT_EQ(text, "Cannot load the specified character. Please check the path and make "
-                            "sure the file you selected is an ACS file.");
-        return int(texts.size());
+        int count = 0;
+        for (const auto& box : fp.dialogs.boxes) {
+            if (box.title != "Character Error")
+                continue;
+            ++count;
+            EXPECT_EQ(box.icon, platform::BoxIcon::Critical);
+            EXPECT_EQ(box.text, "Cannot load the specified character. Please check the path and "
+                                "make sure the file you selected is an ACS file.");
+        }
+        return count;
     }
 
     // The calls whose names start with one of the prefixes, in order.
@@ -54,7 +55,7 @@ struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
     }
 };
 
-TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
+TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrderAndAReloadKeepsThePlace)
 {
     EXPECT_FALSE(load(true, Good));
     ASSERT_NE(app.Character, nullptr);
@@ -75,6 +76,16 @@ TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrder)
     // The show is only queued, so the caption follows the state at the call.
     EXPECT_EQ(app.MainForm->cmdShow->text(), "&Show");
     EXPECT_TRUE(fp.dialogs.boxes.empty());
+
+    // A reload of the same character neither hides nor moves it.
+    fp.agent->character()->visible = true;
+    fp.agent->calls.clear();
+    EXPECT_FALSE(load(false, Good, true));
+    EXPECT_TRUE(callsOf({"Hide", "Unload", "Load", "MoveTo"}).isEmpty());
+    EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
+    EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
+              QStringList({"SoundEffectsOn=1", "IdleOn=1", "Show(0)"}));
+    EXPECT_EQ(app.MainForm->cmdShow->text(), "&Hide");
 }
 
 TEST_F(LoadCharacterTest, PositionStaysInsideTheScreen)
@@ -124,15 +135,10 @@ TEST_F(LoadCharacterTest, CharacterOptions)
         load(true, Good);
         const QStringList options = callsOf({"Load", "SoundEffectsOn", "IdleOn", "Show"});
         EXPECT_EQ(options.mid(options.size() - 3), c.tail);
+        // The show is only queued: the clock menus wait for the character to appear.
+        EXPECT_FALSE(app.MainForm->mnuQuorlTime->isEnabled());
+        EXPECT_FALSE(app.MainForm->mnuQuorlDate->isEnabled());
     }
-}
-
-TEST_F(LoadCharacterTest, ClockMenusWaitForACharacterHiddenFromTheStart)
-{
-    fp.store.setValue(QStringLiteral("Show"), QStringLiteral("0"));
-    load(true, Good);
-    EXPECT_FALSE(app.MainForm->mnuQuorlTime->isEnabled());
-    EXPECT_FALSE(app.MainForm->mnuQuorlDate->isEnabled());
     fp.agent->raiseShow(CharacterId);
     EXPECT_TRUE(app.MainForm->mnuQuorlTime->isEnabled());
     EXPECT_TRUE(app.MainForm->mnuQuorlDate->isEnabled());
@@ -188,19 +194,6 @@ TEST_F(LoadCharacterTest, OnReloadCancelLeavesTheRoutineAndACancelledDialogComes
     EXPECT_EQ(characterErrorBoxes(), 2) << "an empty path brings no box";
     EXPECT_EQ(fp.dialogs.fileRequests.size(), 2u);
     EXPECT_NE(app.Character, nullptr);
-}
-
-TEST_F(LoadCharacterTest, ReloadOfTheSameCharacterNeitherHidesNorMoves)
-{
-    load(true, Good);
-    fp.agent->character()->visible = true;
-    fp.agent->calls.clear();
-    EXPECT_FALSE(load(false, Good, true));
-    EXPECT_TRUE(callsOf({"Hide", "Unload", "Load", "MoveTo"}).isEmpty());
-    EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
-    EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),
-              QStringList({"SoundEffectsOn=1", "IdleOn=1", "Show(0)"}));
-    EXPECT_EQ(app.MainForm->cmdShow->text(), "&Hide");
 }
 
 TEST_F(LoadCharacterTest, CharacterInUseWarnsAndLoadingGoesOn)

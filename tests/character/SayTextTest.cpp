@@ -28,7 +28,7 @@ TEST_F(SayTextTest, SpacesOnlySayNothingAndTouchNothing)
     }
 }
 
-TEST_F(SayTextTest, LineIsTagsAndTextAsTheyStand)
+TEST_F(SayTextTest, LineIsTagsAndTextAsTheyStandAndAKeptTextBoxStays)
 {
     const QString voice = R"(\pit=110\\spd=150\\vol=900\)";
     const QString normal = R"(\chr="normal"\)" + voice, whisper = R"(\chr="whisper"\)" + voice;
@@ -45,6 +45,7 @@ TEST_F(SayTextTest, LineIsTagsAndTextAsTheyStand)
         // A hidden character is shown first.
         {false, false, false, "Hi", "Show(0) Speak(" + normal + "Hi)"},
     };
+    form().txtText->setPlainText("old");
     for (const auto& c : cases) {
         SCOPED_TRACE(c.calls.toStdString());
         fp.agent->calls.clear();
@@ -54,16 +55,8 @@ TEST_F(SayTextTest, LineIsTagsAndTextAsTheyStand)
         SayText(app, c.text, true);
         EXPECT_EQ(fp.agent->calls.join(' '), c.calls);
         EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
+        EXPECT_EQ(form().txtText->toPlainText(), "old") << "a kept text box took the text";
     }
-}
-
-TEST_F(SayTextTest, TextBoxTakesTheTextOnlyWhenNotKept)
-{
-    form().txtText->setPlainText("old");
-    SayText(app, "new", true);
-    EXPECT_EQ(form().txtText->toPlainText(), "old");
-    SayText(app, "new", false);
-    EXPECT_EQ(form().txtText->toPlainText(), "new");
 }
 
 // Up to 200 characters, and any length during a file reading, are spoken at once.
@@ -97,11 +90,4 @@ TEST_F(SayTextTest, LongerTextStartsAPiecewiseReading)
     EXPECT_EQ(app.ProgressPos, 0.0f);
     EXPECT_EQ(form().txtText->toPlainText(), "old");
     EXPECT_TRUE(form().Read->isEnabled()) << "controls were updated after the reading began";
-
-    const std::tuple<int, int, float> large[] = {{32700, 32700, 1.0f}, {65400, 32710, 0.5f}};
-    for (const auto& [length, maximum, scale] : large) {
-        SayText(app, QString(length, 'a'), true);
-        EXPECT_EQ(form().ProgressBar1->maximum(), maximum) << length;
-        EXPECT_EQ(app.ProgressScale, scale) << length;
-    }
 }

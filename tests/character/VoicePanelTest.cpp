@@ -13,7 +13,7 @@ struct VoicePanelTest : CharacterFixture, ::testing::Test {
     QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
 };
 
-TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceAndTheTopVolume)
+TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceEvenBeyondTheSlidersAndTheTopVolume)
 {
     form().sdrPitch->setValue(300);
     form().sdrSpeed->setValue(60);
@@ -34,17 +34,15 @@ TEST_F(VoicePanelTest, DefaultsTakeTheCharactersVoiceAndTheTopVolume)
     EXPECT_EQ(form().sdrPitch->value(), 300);
     EXPECT_EQ(tags(), R"(\pit=300\\spd=170\\vol=65535\)");
     EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
 
-TEST_F(VoicePanelTest, ACharactersVoiceBeyondTheSlidersStaysInTheTags)
-{
+    // A character's voice beyond the sliders stays in the tags.
+    app.Character = &character();
     character().pitch = 30;
     character().speed = 300;
     cmdDefaults_Click(app);
     EXPECT_EQ(form().sdrPitch->value(), 50);
     EXPECT_EQ(form().sdrSpeed->value(), 250);
-    EXPECT_EQ(app.PitchTag, QStringLiteral("\\pit=30\\"));
-    EXPECT_EQ(app.SpeedTag, QStringLiteral("\\spd=300\\"));
+    EXPECT_EQ(tags(), R"(\pit=30\\spd=300\\vol=65535\)");
 }
 
 TEST_F(VoicePanelTest, SlidersRebuildTheirOwnTagOnly)

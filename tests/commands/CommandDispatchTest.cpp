@@ -33,17 +33,6 @@ struct CommandDispatchTest : CharacterFixture, ::testing::Test {
     {
         return character().Commands().Command(name).Enabled();
     }
-
-    // Three applications, the third with blanks around its path and a changed caption.
-    void loadThreeApplications()
-    {
-        for (int i = 1; i <= 3; ++i)
-            character().Commands().Add(QString(" %1").arg(i), QString("App %1").arg(i),
-                                       QString("App %1").arg(i), true, true);
-        character().Commands().Command(" 3").setCaption("Editor");
-        app.AppPaths = {QString(), "/bin/one", "/bin/two", "  /usr/bin/editor --new \"a b\"  "};
-        fp.agent->calls.clear();
-    }
 };
 
 TEST_F(CommandDispatchTest, APopupPickAndAPhraseTakeTheOneRoutine)
@@ -67,18 +56,24 @@ TEST_F(CommandDispatchTest, APopupPickAndAPhraseTakeTheOneRoutine)
     }
 }
 
-TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
+TEST_F(CommandDispatchTest, AWeightyCommandAsksInItsWindowAndNoGivesEverythingBack)
 {
     character().name = "Lumo";
     const struct {
         QString name, label, tag, question;
+        bool mainVisible, topMost, byKey;
     } cases[] = {
-        {"Shut", "Shut Down", "1", "Are you sure you want to shut down?"},
-        {"Restart", "Restart", "2", "Are you sure you want to restart?"},
-        {"CloseQuorl", "Close Quorl", "10", "Are you sure you want to close Quorl?"},
+        {"Shut", "Shut Down", "1", "shut down?", true, false, false},
+        {"Restart", "Restart", "2", "restart?", false, false, true},
+        {"CloseQuorl", "Close Quorl", "10", "close Quorl?", true, true, false},
+        {"Shut", "Shut Down", "1", "shut down?", false, true, true},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name.toStdString());
+        SCOPED_TRACE(testing::Message() << c.name.toStdString() << " visible " << c.mainVisible
+                                        << " top " << c.topMost);
+        app.MainForm->setVisible(c.mainVisible);
+        app.MainForm->mnuViewTop->setChecked(c.topMost);
+        app.OnTop = c.topMost;
         command(c.name);
         EXPECT_TRUE(app.ConfirmPending);
         ASSERT_TRUE(app.ShutForm);
@@ -86,7 +81,7 @@ TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
         EXPECT_EQ(form.Label1->text(), c.label);
         EXPECT_EQ(Tag(&form), c.tag);
         EXPECT_TRUE(form.isVisible());
-        EXPECT_TRUE(lastSpoken().contains(c.question));
+        EXPECT_TRUE(lastSpoken().contains("Are you sure you want to " + c.question));
         // The question is queued first, then No and Yes can be said; never picked.
         const QStringList tail = fp.agent->calls.mid(fp.agent->calls.size() - 3);
         EXPECT_TRUE(tail[0].startsWith("Speak("));
@@ -95,35 +90,13 @@ TEST_F(CommandDispatchTest, EachWeightyCommandAsksForConfirmation)
         EXPECT_FALSE(character().Commands().Command("No").Visible());
         // The window looks the same for every use.
         EXPECT_EQ(form.windowTitle(), "Shut Down Windows");
-        EXPECT_EQ(form.Label1->font().family(), "Times New Roman");
-        EXPECT_TRUE(form.Label1->font().bold());
-        EXPECT_EQ(form.Label1->font().pointSize(), 18);
-        EXPECT_EQ(form.Label1->palette().color(QPalette::WindowText), QColor(Qt::red));
-        EXPECT_EQ(form.Label1->alignment(), Qt::AlignCenter);
-        EXPECT_EQ(form.Label2->alignment(), Qt::AlignCenter);
         EXPECT_EQ(form.Label2->text(), "You can say 'Yes' or 'No' and Lumo will understand.");
         EXPECT_EQ(form.cmdNo->text(), "&NO");
         EXPECT_EQ(form.cmdYes->text(), "&YES");
         EXPECT_EQ(form.cmdNo->nextInFocusChain(), form.cmdYes);
         EXPECT_FALSE(form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
-        command("No");
-        fp.agent->calls.clear();
-    }
-}
-
-TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBack)
-{
-    const struct {
-        bool mainVisible, topMost, byKey;
-    } cases[] = {
-        {true, false, false}, {false, false, true}, {true, true, false}, {false, true, true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << "visible " << c.mainVisible << " top " << c.topMost);
-        app.MainForm->setVisible(c.mainVisible);
-        app.MainForm->mnuViewTop->setChecked(c.topMost);
-        app.OnTop = c.topMost;
-        command("Shut");
-        EXPECT_EQ(ShutForm(app)->WasVisible, c.mainVisible);
+        // Loading takes over the main window.
+        EXPECT_EQ(form.WasVisible, c.mainVisible);
         EXPECT_FALSE(app.MainForm->isVisible());
         EXPECT_FALSE(app.OnTop);
         EXPECT_EQ(app.ModalOpen, 1);
@@ -132,7 +105,7 @@ TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBac
 
         // No is said, or Escape pressed in the window.
         if (c.byKey)
-            QTest::keyClick(ShutForm(app), Qt::Key_Escape);
+            QTest::keyClick(&form, Qt::Key_Escape);
         else
             command("No");
         EXPECT_TRUE(lastSpoken().contains("That was close!"));
@@ -149,9 +122,6 @@ TEST_F(CommandDispatchTest, LoadingTakesOverTheMainWindowAndNoGivesEverythingBac
         EXPECT_TRUE(fp.power.calls.empty());
         EXPECT_EQ(fp.process.ends, 0);
     }
-    fp.agent->calls.clear();
-    command("No");
-    EXPECT_TRUE(fp.agent->calls.isEmpty());
 }
 
 TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
@@ -176,77 +146,68 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
     EXPECT_EQ(fp.power.calls, (PowerCalls{{2, 0}}));
 }
 
-TEST_F(CommandDispatchTest, ASpokenYesToShutDownOrRestartSavesAsksThePlatformAndEnds)
+TEST_F(CommandDispatchTest, YesAsksThePlatformFirstAndThenEndsTheProgram)
 {
-    for (const unsigned code : {1u, 2u}) {
-        for (const bool save : {true, false}) {
-            SCOPED_TRACE(testing::Message() << code << (save ? " saving" : " not saving"));
-            fp.power.calls.clear();
-            fp.process.ends = 0;
-            fp.store.writes.clear();
-            app.MainForm->mnuFileSave->setChecked(save);
-            command(code == 1 ? "Shut" : "Restart");
-
-            QStringList writesAtPowerOff;
-            fp.power.onCall = [&] { writesAtPowerOff = fp.store.writes; };
-            EXPECT_THROW(command("Yes"), ProgramEnded);
-
-            EXPECT_EQ(fp.power.calls, (PowerCalls{{code, 0}}));
-            EXPECT_EQ(fp.process.ends, 1);
-            EXPECT_EQ(writesAtPowerOff.contains("WinX"), save);
-            EXPECT_EQ(fp.store.writes, writesAtPowerOff);
-            // The end comes at once: no unloading, so the window values go only with Save.
-            EXPECT_EQ(fp.store.writes.contains("SaveSettings"), save);
-            EXPECT_FALSE(app.ConfirmPending);
-
-            app.ShutForm.reset();
-            app.MainForm->show();
-            fp.power.onCall = nullptr;
-        }
-    }
-}
-
-TEST_F(CommandDispatchTest, ASpokenYesToCloseTakesTheOrderlyExit)
-{
-    app.MainForm->mnuFileSave->setChecked(false);
-    command("CloseQuorl");
-    fp.agent->calls.clear();
-    EXPECT_THROW(command("Yes"), ProgramEnded);
-    EXPECT_TRUE(fp.power.calls.empty());
-    EXPECT_FALSE(app.ShutForm);
-    EXPECT_EQ(fp.agent->calls, QStringList({"Command(No).Enabled=0", "Command(Yes).Enabled=0"}));
-    EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
-    EXPECT_EQ(app.ModalOpen, 0);
-}
-
-TEST_F(CommandDispatchTest, TheYesButtonAsksThePlatformFirstAndThenClosesTheProgram)
-{
-    const std::pair<QString, PowerCalls> cases[] = {
-        {"Shut", {{1, 0}}}, {"Restart", {{2, 0}}}, {"CloseQuorl", {}}};
-    for (const auto& [name, power] : cases) {
-        SCOPED_TRACE(name.toStdString());
+    const struct {
+        QString name;
+        bool byButton, save;
+        PowerCalls power;
+    } cases[] = {
+        {"Shut", false, true, {{1, 0}}},    {"Shut", false, false, {{1, 0}}},
+        {"Restart", false, true, {{2, 0}}}, {"Restart", false, false, {{2, 0}}},
+        {"CloseQuorl", false, false, {}},   {"Shut", true, false, {{1, 0}}},
+        {"Restart", true, false, {{2, 0}}}, {"CloseQuorl", true, false, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.name.toStdString() << (c.byButton ? " by button" : "")
+                                        << (c.save ? " saving" : ""));
         fp.power.calls.clear();
+        fp.process.ends = 0;
         fp.store.writes.clear();
-        app.MainForm->mnuFileSave->setChecked(false);
-        command(name);
-        fp.power.onCall = [&] {
-            EXPECT_TRUE(app.ShutForm);
-            EXPECT_TRUE(fp.store.writes.isEmpty());
-        };
-        EXPECT_THROW(ShutForm(app)->cmdYes->click(), ProgramEnded);
-        EXPECT_EQ(fp.power.calls, power);
-        EXPECT_FALSE(app.ShutForm);
-        EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
-        // The answer by button leaves the pending flag, which no longer matters.
-        EXPECT_TRUE(app.ConfirmPending);
-        fp.power.onCall = nullptr;
         app.MainForm->show();
+        app.MainForm->mnuFileSave->setChecked(c.save);
+        command(c.name);
+        fp.agent->calls.clear();
+        QStringList writesAtPowerOff;
+        fp.power.onCall = [&] {
+            writesAtPowerOff = fp.store.writes;
+            EXPECT_TRUE(app.ShutForm);
+        };
+        if (c.byButton)
+            EXPECT_THROW(ShutForm(app)->cmdYes->click(), ProgramEnded);
+        else
+            EXPECT_THROW(command("Yes"), ProgramEnded);
+        EXPECT_EQ(fp.power.calls, c.power);
+        EXPECT_EQ(fp.process.ends, 1);
+        EXPECT_EQ(writesAtPowerOff.contains("WinX"), c.save);
+        if (!c.byButton && !c.power.empty()) {
+            // The end comes at once: no unloading, so the window values go only with Save.
+            EXPECT_EQ(fp.store.writes, writesAtPowerOff);
+            EXPECT_EQ(fp.store.writes.contains("SaveSettings"), c.save);
+        } else {
+            EXPECT_TRUE(writesAtPowerOff.isEmpty());
+            EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
+            EXPECT_FALSE(app.ShutForm);
+            EXPECT_EQ(fp.agent->calls,
+                      QStringList({"Command(No).Enabled=0", "Command(Yes).Enabled=0"}));
+            EXPECT_EQ(app.ModalOpen, 0);
+        }
+        // The answer by button leaves the pending flag, which no longer matters.
+        EXPECT_EQ(app.ConfirmPending, c.byButton);
+        fp.power.onCall = nullptr;
+        app.ShutForm.reset();
     }
 }
 
-TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaption)
+TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaptionOrTellsWhyNot)
 {
-    loadThreeApplications();
+    // The third with blanks around its path and a changed caption.
+    for (int i = 1; i <= 3; ++i)
+        character().Commands().Add(QString(" %1").arg(i), QString("App %1").arg(i),
+                                   QString("App %1").arg(i), true, true);
+    character().Commands().Command(" 3").setCaption("Editor");
+    app.AppPaths = {QString(), "/bin/one", "/bin/two", "  /usr/bin/editor --new \"a b\"  "};
+    fp.agent->calls.clear();
     command(" 3");
     ASSERT_EQ(fp.agent->spoken().size(), 1);
     EXPECT_TRUE(lastSpoken().endsWith("Running Editor."));
@@ -258,36 +219,32 @@ TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaption)
         command(name);
         EXPECT_TRUE(fp.agent->calls.isEmpty()) << name.toStdString();
     }
-    app.AppPaths = {QString()};
-    command(" 1");
-    EXPECT_TRUE(fp.agent->calls.isEmpty()) << "an empty table runs nothing";
-    EXPECT_EQ(fp.shell.started.size(), 1);
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
 
-TEST_F(CommandDispatchTest, AnApplicationThatCannotStartIsToldInSpeechAndTheTextBox)
-{
-    loadThreeApplications();
-    fp.shell.failing["/usr/bin/editor --new \"a b\""] = "the program was not found";
-    command(" 3");
+    fp.shell.started.clear();
+    fp.shell.failing["/bin/two"] = "the program was not found";
+    command(" 2");
     const QString sentence =
         "I am unable to run your application because the program was not found.";
-    const QStringList spoken = fp.agent->spoken();
-    ASSERT_EQ(spoken.size(), 2);
-    EXPECT_TRUE(spoken[0].endsWith("Running Editor."));
-    EXPECT_TRUE(spoken[1].endsWith(sentence));
+    ASSERT_EQ(fp.agent->spoken().size(), 2);
+    EXPECT_TRUE(fp.agent->spoken()[0].endsWith("Running App 2."));
+    EXPECT_TRUE(lastSpoken().endsWith(sentence));
     EXPECT_EQ(app.MainForm->txtText->toPlainText(), sentence);
     EXPECT_EQ(app.AppPaths.size(), 4u);
 
     // An entry that cannot be found takes the same path.
-    fp.agent->failCalls("Commands.Command( 2", Refused);
-    command(" 2");
+    fp.agent->failCalls("Commands.Command( 1", Refused);
+    command(" 1");
     EXPECT_TRUE(lastSpoken().endsWith("I am unable to run your application because refused."));
+
+    fp.agent->calls.clear();
+    app.AppPaths = {QString()};
+    command(" 1");
+    EXPECT_TRUE(fp.agent->calls.isEmpty()) << "an empty table runs nothing";
     EXPECT_TRUE(fp.shell.started.isEmpty());
     EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
-TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSix)
+TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSixAndABusyMicrophoneByItsBox)
 {
     fp.agent->failCalls("Speak(", Refused);
     command("Restart");
@@ -296,10 +253,9 @@ TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSix)
     // The routine was left before Yes and No were enabled.
     EXPECT_FALSE(entryEnabled("Yes"));
     EXPECT_FALSE(entryEnabled("No"));
-}
 
-TEST_F(CommandDispatchTest, AMicrophoneHeldByAnotherProgramShowsTheSoundSystemBox)
-{
+    // A microphone held by another program shows the sound system's box.
+    fp.dialogs.boxes.clear();
     fp.agent->raiseError({platform::errors::SoundSystemBusy, platform::AgentSource, "in use"});
     EXPECT_EQ(fp.dialogs.titles(), QStringList{"Speech Input Error"});
     EXPECT_EQ(fp.process.ends, 0);

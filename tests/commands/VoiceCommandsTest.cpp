@@ -16,10 +16,10 @@ struct VoiceCommandsTest : CharacterFixture, ::testing::Test {
     }
 };
 
-TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesInOrderAndTwelveValues)
+TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesInOrderAndTwelveValuesThenUsesThem)
 {
     SetVoiceCommands(app);
-    const QStringList expected{
+    QStringList expected{
         "Commands.RemoveAll()",
         "Commands.Caption=Quorl",
         "Commands.Voice=Quorl",
@@ -30,46 +30,30 @@ TEST_F(VoiceCommandsTest, ARebuildOnACleanStoreMakesTheTenEntriesInOrderAndTwelv
         "Commands.Add(Date,What is the Date?,What is the date,1,1)",
         "Commands.Add(Shut,Shut Down Windows,Shut Down,1,1)",
         "Commands.Add(Restart,Restart Windows,Restart Windows,1,1)",
-        "Command(Clip).Enabled=1",
-        "Command(Clip).Visible=1",
-        "Command(Notes).Enabled=1",
-        "Command(Notes).Visible=1",
-        "Command(Time).Enabled=1",
-        "Command(Time).Visible=1",
-        "Command(Date).Enabled=1",
-        "Command(Date).Visible=1",
-        "Command(Restart).Enabled=1",
-        "Command(Restart).Visible=1",
-        "Command(Shut).Enabled=1",
-        "Command(Shut).Visible=1",
-        "Commands.Add(CloseQuorl,Close Quorl,(Quit Quorl | Close Quorl),1,1)",
-        "Commands.Add(Yes,Yes,(Yes),0,0)",
-        "Commands.Add(No,No,(No),0,0)",
-        "Commands.Add( , , ,0,1)",
     };
+    for (const QString name : {"Clip", "Notes", "Time", "Date", "Restart", "Shut"})
+        expected << "Command(" + name + ").Enabled=1"
+                 << "Command(" + name + ").Visible=1";
+    expected << "Commands.Add(CloseQuorl,Close Quorl,(Quit Quorl | Close Quorl),1,1)"
+             << "Commands.Add(Yes,Yes,(Yes),0,0)"
+             << "Commands.Add(No,No,(No),0,0)"
+             << "Commands.Add( , , ,0,1)";
     EXPECT_EQ(fp.agent->calls, expected);
     EXPECT_EQ(character().Commands().Caption(), "Quorl");
     EXPECT_TRUE(character().Commands().Visible());
 
-    const std::pair<QString, QString> values[] = {{"TimeCmd", "What is the time"},
-                                                  {"DateCmd", "What is the date"},
-                                                  {"ShutCmd", "Shut Down"},
-                                                  {"NotesCmd", "Notes"},
-                                                  {"ClipCmd", "Clip Board"},
-                                                  {"RestartCmd", "Restart Windows"},
-                                                  {"EnReadClip", "1"},
-                                                  {"EnNotes", "1"},
-                                                  {"EnTime", "1"},
-                                                  {"EnDate", "1"},
-                                                  {"EnRestart", "1"},
-                                                  {"Shutdown", "1"}};
+    const std::pair<QString, QString> values[] = {
+        {"TimeCmd", "What is the time"}, {"DateCmd", "What is the date"},
+        {"ShutCmd", "Shut Down"},        {"NotesCmd", "Notes"},
+        {"ClipCmd", "Clip Board"},       {"RestartCmd", "Restart Windows"}};
     for (const auto& [name, value] : values)
         EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
+    for (const QString flag :
+         {"EnReadClip", "EnNotes", "EnTime", "EnDate", "EnRestart", "Shutdown"})
+        EXPECT_EQ(fp.store.value(flag), "1") << flag.toStdString();
     EXPECT_EQ(fp.store.valueCount(), 12);
-}
 
-TEST_F(VoiceCommandsTest, StoredVoiceTextsAreTheGrammars)
-{
+    // Stored voice texts are the grammars.
     fp.store.setValue("TimeCmd", "Tell me the time");
     fp.store.setValue("ClipCmd", "(Read|Clip)");
     SetVoiceCommands(app);
@@ -112,7 +96,7 @@ TEST_F(VoiceCommandsTest, WithoutSpeechInputTheValuesAreReadAndTheListIsUntouche
     EXPECT_EQ(fp.store.value("EnRestart"), std::nullopt);
 }
 
-TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsAndLeavesYesAndNoDisabled)
+TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsLeavesYesAndNoDisabledAndGoesPastAFailure)
 {
     SetVoiceCommands(app);
     character().Commands().Add(" 1", "Editor", "Editor", true, true);
@@ -125,10 +109,8 @@ TEST_F(VoiceCommandsTest, ARebuildDropsTheApplicationsAndLeavesYesAndNoDisabled)
                                     "CloseQuorl", "Yes", "No", " "}));
     EXPECT_FALSE(character().Commands().Command("Yes").Enabled());
     EXPECT_FALSE(character().Commands().Command("No").Enabled());
-}
 
-TEST_F(VoiceCommandsTest, AFailedEntryIsReportedAndTheRestIsBuilt)
-{
+    // A failed entry is reported and the rest is built.
     fp.agent->failCalls("Commands.Add(Notes", Refused);
     SetVoiceCommands(app);
 
@@ -140,7 +122,7 @@ TEST_F(VoiceCommandsTest, AFailedEntryIsReportedAndTheRestIsBuilt)
     EXPECT_TRUE(errorBoxes()[0].contains("( 5 )"));
 }
 
-TEST_F(VoiceCommandsTest, EnableVoiceCommReportsAFailureAndLeavesTheEntry)
+TEST_F(VoiceCommandsTest, EnableVoiceCommReportsAFailureAndShowVoiceCommsIgnoresThem)
 {
     SetVoiceCommands(app);
     fp.agent->calls.clear();
@@ -151,13 +133,10 @@ TEST_F(VoiceCommandsTest, EnableVoiceCommReportsAFailureAndLeavesTheEntry)
     EXPECT_TRUE(fp.agent->callsStartingWith("Command(Time)").isEmpty());
     ASSERT_EQ(errorBoxes().size(), 1);
     EXPECT_TRUE(errorBoxes()[0].contains("( 15 )"));
-}
 
-TEST_F(VoiceCommandsTest, ShowVoiceCommsSwitchesTheGroupOnlyAndIgnoresErrors)
-{
-    SetVoiceCommands(app);
+    // ShowVoiceComms switches the group only and ignores errors.
+    fp.dialogs.boxes.clear();
     fp.agent->calls.clear();
-
     ShowVoiceComms(app, false);
     EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Visible=0"});
     EXPECT_TRUE(character().Commands().Command("Clip").Visible());

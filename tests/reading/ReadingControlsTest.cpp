@@ -6,16 +6,11 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
 
 struct ReadingControlsTest : ReadingFixture, ::testing::Test {
-    // Speaks the first line of a file and leaves its request in progress.
-    void readFirstLine(const QByteArray& bytes)
-    {
-        readFile(bytes);
-        Timer2_Timer(app);
-        fp.agent->lastRequest()->status = platform::AgentRequest::InProgress;
-    }
 };
 
 TEST_F(ReadingControlsTest, PauseAndContinueCaptions)
@@ -76,31 +71,20 @@ TEST_F(ReadingControlsTest, PauseAndNext)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         ReadingFixture f;
-        f.fp.dialogs.files.push_back(f.writeFile(c.bytes));
-        mnuFileRead_Click(f.app);
-        Timer2_Timer(f.app);
-        f.fp.agent->lastRequest()->status = platform::AgentRequest::InProgress;
+        f.readFirstLine(c.bytes);
         QString textAfterNext;
-        for (const char* step = c.steps; *step; ++step) {
-            switch (*step) {
-            case 'p':
-                cmdCont_Click(f.app);
-                break;
-            case 'n':
-                cmdNext_Click(f.app);
-                textAfterNext = f.form().txtText->toPlainText();
-                break;
-            case 'f':
-                f.fp.agent->lastRequest()->status = platform::AgentRequest::Complete;
-                break;
-            case 't':
-                Timer2_Timer(f.app);
-                break;
-            case 'e':
-                f.tickToEnd();
-                break;
-            }
-        }
+        const std::map<char, std::function<void()>> act{
+            {'p', [&] { cmdCont_Click(f.app); }},
+            {'n',
+             [&] {
+                 cmdNext_Click(f.app);
+                 textAfterNext = f.form().txtText->toPlainText();
+             }},
+            {'f', [&] { f.fp.agent->lastRequest()->status = platform::AgentRequest::Complete; }},
+            {'t', [&] { Timer2_Timer(f.app); }},
+            {'e', [&] { f.tickToEnd(); }}};
+        for (const char* step = c.steps; *step; ++step)
+            std::invoke(act.at(*step));
         EXPECT_EQ(textAfterNext, c.textAfterNext);
         EXPECT_EQ(f.spoken(), c.spoken);
         EXPECT_FALSE(f.form().Timer2->isActive()) << "the reading has ended";

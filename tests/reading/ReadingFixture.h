@@ -34,6 +34,14 @@ struct ReadingFixture : fakes::LoadedProgram {
         mnuFileRead_Click(app);
     }
 
+    // Speaks the first line of a file and leaves its request in progress.
+    void readFirstLine(const QByteArray& bytes)
+    {
+        readFile(bytes);
+        Timer2_Timer(app);
+        fp.agent->lastRequest()->status = platform::AgentRequest::InProgress;
+    }
+
     // The texts spoken, without the character tag in front.
     QStringList spoken() const
     {
