@@ -42,6 +42,7 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
         const char* what;
         std::vector<std::int16_t> audio;
         std::vector<double> seconds; // length of each utterance found, roughly
+        bool unfinished = false;
     };
     const Case cases[] = {
         {"quiet only", silence(3), {}},
@@ -53,7 +54,9 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
          join({silence(1), tone(0.5), silence(1), tone(0.5), silence(1)}),
          {1.2, 1.2}},
         {"clicks too short", join({silence(1), tone(0.02), silence(1)}), {}},
-        {"burst at the end, unfinished", join({silence(1), tone(1)}), {}},
+        {"burst at the end, unfinished", join({silence(1), tone(1)}), {}, true},
+        // A loud constant sound from the start becomes the floor; speech must stand above it.
+        {"steady hum", silence(3, 3000), {}},
     };
     for (const Case& c : cases) {
         VoiceActivityDetector detector;
@@ -69,7 +72,8 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
                 open = !piece.ends;
             }
         }
-        EXPECT_EQ(open, detector.inUtterance()) << c.what;
+        EXPECT_EQ(open, c.unfinished) << c.what;
+        EXPECT_EQ(detector.inUtterance(), c.unfinished) << c.what;
         if (open)
             found.pop_back();
         ASSERT_EQ(found.size(), c.seconds.size()) << c.what;
@@ -78,26 +82,15 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
     }
 }
 
-TEST(VoiceActivityDetector, SteadyHumIsBackgroundNotSpeech)
-{
-    VoiceActivityDetector detector;
-    // A loud constant sound from the start becomes the floor; speech must stand above it.
-    EXPECT_TRUE(detector.feed(silence(3, 3000)).empty());
-    EXPECT_FALSE(detector.inUtterance());
-}
-
 QByteArray wav(quint32 rate, quint16 channels, quint16 bits, const QByteArray& data)
 {
-    auto le32 = [](quint32 v) {
-        QByteArray b(4, 0);
+    const auto le = [](auto v) {
+        QByteArray b(sizeof v, 0);
         qToLittleEndian(v, b.data());
         return b;
     };
-    auto le16 = [](quint16 v) {
-        QByteArray b(2, 0);
-        qToLittleEndian(v, b.data());
-        return b;
-    };
+    const auto le16 = [&](int v) { return le(quint16(v)); };
+    const auto le32 = [&](quint32 v) { return le(v); };
     QByteArray fmt = le16(1) + le16(channels) + le32(rate) + le32(rate * channels * bits / 8) +
                      le16(channels * bits / 8) + le16(bits);
     QByteArray body = "WAVE" + QByteArray("fmt ") + le32(fmt.size()) + fmt + "LIST" + le32(3) +

@@ -24,39 +24,26 @@ TEST(EspeakPhonemes, MapOntoCmuPhones)
         EXPECT_EQ(espeakToCmu(QString::fromUtf8(espeak)), QString::fromUtf8(cmu)) << espeak;
 }
 
-class PronouncerTest : public ::testing::Test
+TEST(Pronouncer, TakesTheDictionaryFirstThenEspeakAndLeavesOutTheRest)
 {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(dir.isValid());
-        QFile dictionary(dictionaryPath());
-        ASSERT_TRUE(dictionary.open(QIODevice::WriteOnly));
-        dictionary.write("the DH AH\nthe(2) DH IY\nthey DH EY\nyes Y EH S\n");
-    }
-    QString dictionaryPath() const { return dir.filePath(QStringLiteral("dict")); }
-
     QTemporaryDir dir;
-};
-
-TEST_F(PronouncerTest, TakesTheDictionaryFirstThenEspeak)
-{
-    Pronouncer pronouncer(dictionaryPath());
-    const auto found = pronouncer.pronounce({"the", "gimp", "yes"});
+    QFile dictionary(dir.filePath(QStringLiteral("dict")));
+    ASSERT_TRUE(dictionary.open(QIODevice::WriteOnly));
+    dictionary.write("the DH AH\nthe(2) DH IY\nthey DH EY\nyes Y EH S\n");
+    dictionary.close();
+    const auto found = Pronouncer(dictionary.fileName()).pronounce({"the", "gimp", "yes"});
     EXPECT_EQ(found.value("the"), QStringLiteral("DH AH"));
     EXPECT_EQ(found.value("the(2)"), QStringLiteral("DH IY"));
     EXPECT_EQ(found.value("yes"), QStringLiteral("Y EH S"));
     EXPECT_EQ(found.value("gimp"), QStringLiteral("G IH M P"));
     EXPECT_FALSE(found.contains("they"));
     EXPECT_EQ(found.size(), 4);
-}
 
-TEST_F(PronouncerTest, LeavesOutWordsNobodyCanPronounce)
-{
-    Pronouncer pronouncer(dictionaryPath(), [](const QString&) { return QString(); });
-    const auto found = pronouncer.pronounce({"gimp", "yes"});
-    EXPECT_FALSE(found.contains("gimp"));
-    EXPECT_EQ(found.value("yes"), QStringLiteral("Y EH S"));
+    const auto unknown = Pronouncer(dictionary.fileName(), [](const QString&) {
+                             return QString();
+                         }).pronounce({"gimp", "yes"});
+    EXPECT_FALSE(unknown.contains("gimp"));
+    EXPECT_EQ(unknown.value("yes"), QStringLiteral("Y EH S"));
 }
 
 } // namespace
