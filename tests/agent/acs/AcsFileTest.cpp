@@ -31,23 +31,13 @@ std::string readError(const QByteArray& file)
 
 TEST(AcsRoundTrip, ReadsBackWhatWasWritten)
 {
-    struct Case {
-        const char* name;
-        SyntheticOptions character;
-        bool compress;
-    };
-    const Case cases[] = {
-        {"voice and balloon, compressed", {true, true}, true},
-        {"voice and balloon, raw", {true, true}, false},
-        {"voice only", {true, false}, true},
-        {"balloon only", {false, true}, false},
-        {"neither", {false, false}, true},
-    };
-    for (const Case& c : cases) {
-        const CharacterData original = syntheticCharacter(c.character);
-        const QByteArray file = writeAcs(original, {c.compress});
-        EXPECT_TRUE(readAcs(file) == original) << c.name;
-    }
+    for (bool voice : {true, false})
+        for (bool balloon : {true, false})
+            for (bool compress : {true, false}) {
+                const CharacterData original = syntheticCharacter({voice, balloon});
+                EXPECT_TRUE(readAcs(writeAcs(original, {compress})) == original)
+                    << voice << balloon << compress;
+            }
     const CharacterData character = syntheticCharacter();
     EXPECT_LT(writeAcs(character, {true}).size(), writeAcs(character, {false}).size());
 }
@@ -58,21 +48,17 @@ TEST(AcsRoundTrip, StoresColoursInTheirOwnByteOrder)
 {
     // An empty string is its count alone, a non-empty one ends with a 0x0000 terminator; the
     // palette's position after the font name checks both.
-    struct Case {
-        QString fontName;
-        qsizetype fontNameBytes;
-    };
-    const Case cases[] = {{"Sans", 4 + 2 * 5}, {QString(), 4}};
-    for (const Case& c : cases) {
+    const std::pair<QString, qsizetype> cases[] = {{"Sans", 4 + 2 * 5}, {QString(), 4}};
+    for (const auto& [fontName, fontNameBytes] : cases) {
         CharacterData character = syntheticCharacter({false, true});
         character.palette[0] = 0x00112233;
         character.balloon->background = QColor(0xFF, 0xFE, 0xE1);
-        character.balloon->fontName = c.fontName;
+        character.balloon->fontName = fontName;
         const QByteArray file = writeAcs(character);
         const qsizetype balloon = u32At(file, 4) + CharacterInfoFixedBytes;
         EXPECT_EQ(file.mid(balloon + 6, 4), QByteArray::fromHex("FFFEE100"));
-        const qsizetype palette = balloon + 14 + c.fontNameBytes + 10;
-        EXPECT_EQ(u32At(file, palette), 256u) << c.fontName.toStdString();
+        const qsizetype palette = balloon + 14 + fontNameBytes + 10;
+        EXPECT_EQ(u32At(file, palette), 256u) << fontName.toStdString();
         EXPECT_EQ(file.mid(palette + 4, 4), QByteArray::fromHex("33221100"));
     }
 }
@@ -138,86 +124,63 @@ TEST(AcsReaderErrors, SurvivesRandomMutations)
 
 TEST(AcsReaderErrors, NamesOtherFormats)
 {
-    struct Case {
-        QByteArray start;
-        const char* message;
-    };
-    const Case cases[] = {
-        {QByteArray::fromHex("C4ABCDAB"), "unsupported format: a web character (ACF) file"},
-        {QByteArray::fromHex("C2ABCDAB"), "unsupported format: a web character (ACF) file"},
-        {QByteArray::fromHex("C1ABCDAB"), "unsupported format: 1.5-era character data"},
-        {QByteArray::fromHex("D0CF11E0A1B11AE1"), "unsupported format: an OLE compound file"},
-        {QByteArray("RIFF"), "not a character file (signature 0x46464952)"},
+    const QByteArray body(64, '\0');
+    const std::pair<QByteArray, const char*> cases[] = {
+        {QByteArray::fromHex("C4ABCDAB") + body, "unsupported format: a web character (ACF) file"},
+        {QByteArray::fromHex("C2ABCDAB") + body, "unsupported format: a web character (ACF) file"},
+        {QByteArray::fromHex("C1ABCDAB") + body, "unsupported format: 1.5-era character data"},
+        {QByteArray::fromHex("D0CF11E0A1B11AE1") + body,
+         "unsupported format: an OLE compound file"},
+        {QByteArray("RIFF") + body, "not a character file (signature 0x46464952)"},
         {QByteArray("AB"), "file of 2 bytes is too short"},
         {QByteArray::fromHex("C3ABCDAB0000"), "header: file of 6 bytes ends inside"},
     };
-    for (const Case& c : cases) {
-        QByteArray file = c.start;
-        if (file.size() >= 4)
-            file.append(64, '\0');
-        if (c.start.size() == 6)
-            file = c.start;
-        EXPECT_NE(readError(file).find(c.message), std::string::npos) << readError(file);
-    }
+    for (const auto& [file, message] : cases)
+        EXPECT_NE(readError(file).find(message), std::string::npos) << readError(file);
 }
 
 TEST(AcsReaderErrors, ExplainsCorruptStructures)
 {
     const QByteArray good = writeAcs(syntheticCharacter());
-    struct Case {
-        const char* name;
-        std::function<void(QByteArray&)> corrupt;
-        const char* message;
-    };
-    const Case cases[] = {
-        {"locator past the end", [](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); },
+    const std::pair<std::function<void(QByteArray&)>, const char*> cases[] = {
+        {[](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); },
          "animation list: locator beyond end of file"},
-        {"huge image count",
-         [](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); },
+        {[](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); },
          "image list: 4294967295 entries cannot fit"},
-        {"stream without leading zero", [](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
+        {[](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
          "image list: image 1: compressed data does not start with 0x00"},
-        {"image wider than its data", [](QByteArray& f) { f[imageRecord(f, 1) + 1] = 100; },
+        {[](QByteArray& f) { f[imageRecord(f, 1) + 1] = 100; },
          "image list: image 1: decoded 112 of 700 bytes: end marker"},
-        {"pixel data past its record",
-         [](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
+        {[](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
          "image list: image 1: pixel data: needs 2147483647 bytes"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [corrupt, message] : cases) {
         QByteArray file = good;
-        c.corrupt(file);
-        EXPECT_NE(readError(file).find(c.message), std::string::npos)
-            << c.name << ": " << readError(file);
+        corrupt(file);
+        EXPECT_NE(readError(file).find(message), std::string::npos) << readError(file);
     }
 }
 
 TEST(AcsReaderErrors, RefusesValuesOutsideTheirLists)
 {
-    struct Case {
-        const char* name;
-        std::function<void(CharacterData&)> corrupt;
-        const char* message;
-    };
-    const Case cases[] = {
-        {"frame image", [](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; },
+    const std::pair<std::function<void(CharacterData&)>, const char*> cases[] = {
+        {[](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; },
          "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
-        {"overlay image",
-         [](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; },
+        {[](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; },
          "frame 3: image 99 out of range"},
-        {"sound", [](CharacterData& c) { c.animations[2].frames[0].sound = 2; },
+        {[](CharacterData& c) { c.animations[2].frames[0].sound = 2; },
          "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
-        {"negative sound", [](CharacterData& c) { c.animations[2].frames[0].sound = -3; },
-         "sound -3 out of range"},
-        {"transition", [](CharacterData& c) { c.animations[3].transition = Transition(3); },
+        {[](CharacterData& c) { c.animations[2].frames[0].sound = -3; }, "sound -3 out of range"},
+        {[](CharacterData& c) { c.animations[3].transition = Transition(3); },
          "animation 3 \"ReadReturn\": unknown transition type 3"},
-        {"mouth", [](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); },
+        {[](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); },
          "frame 3: overlay 1: unknown mouth type 7"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [corrupt, message] : cases) {
         CharacterData character = syntheticCharacter();
-        c.corrupt(character);
+        corrupt(character);
         const std::string error = readError(writeAcs(character));
-        EXPECT_NE(error.find(c.message), std::string::npos) << c.name << ": " << error;
+        EXPECT_NE(error.find(message), std::string::npos) << error;
     }
 }
 

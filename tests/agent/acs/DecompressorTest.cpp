@@ -78,14 +78,9 @@ TEST(Decompressor, DecodesEachKindOfToken)
             out.append(out.at(out.size() - distance));
         return out;
     };
-    struct Case {
-        const char* name;
-        QByteArray input;
-        QByteArray expected;
-    };
     QByteArray region = QByteArray::fromHex("200000000100000000000000A8000000");
     region.append(16, '\0');
-    const Case cases[] = {
+    const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
         {"the region header example",
          QByteArray::fromHex("00400004 10D09080 42ED9801 B7FFFFFF FFFFFF"), region},
         {"class 0, nearest, k=0", Tokens().literals(1).copy(0, 0, 0, 0).end().bytes(), tail(1, 2)},
@@ -108,19 +103,13 @@ TEST(Decompressor, DecodesEachKindOfToken)
         {"a copy past the end is clamped", Tokens().literal('a').copy(0, 0, 3, 0).end().bytes(),
          QByteArray(5, 'a')},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(decompress(c.input, c.expected.size()), c.expected) << c.name;
+    for (const auto& [name, input, expected] : cases)
+        EXPECT_EQ(decompress(input, expected.size()), expected) << name;
 }
 
 TEST(Decompressor, RefusesCorruptInput)
 {
-    struct Case {
-        const char* name;
-        QByteArray input;
-        qsizetype outputSize;
-        const char* message;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, QByteArray, qsizetype, const char*> cases[] = {
         {"empty input", QByteArray(), 0, "does not start with 0x00"},
         {"first byte not zero", QByteArray::fromHex("01FFFFFFFFFFFF"), 1,
          "does not start with 0x00"},
@@ -138,13 +127,13 @@ TEST(Decompressor, RefusesCorruptInput)
         {"impossible size", QByteArray::fromHex("00FF"), 2 * MaxExpansion + 1, "cannot hold"},
         {"negative size", QByteArray::fromHex("00FF"), -1, "cannot hold"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, input, outputSize, message] : cases) {
         try {
-            decompress(c.input, c.outputSize);
-            ADD_FAILURE() << c.name << ": no error";
+            decompress(input, outputSize);
+            ADD_FAILURE() << name << ": no error";
         } catch (const FormatError& error) {
-            EXPECT_NE(std::string(error.what()).find(c.message), std::string::npos)
-                << c.name << ": " << error.what();
+            EXPECT_NE(std::string(error.what()).find(message), std::string::npos)
+                << name << ": " << error.what();
         }
     }
 }
@@ -161,12 +150,7 @@ TEST(Compressor, RoundTripsAndShrinksRepetitiveData)
     for (int row = 0; row < 300; ++row)
         for (int x = 0; x < 132; ++x)
             picture.append(char(x < 20 || x > 100 ? 10 : (row / 8 + x / 16)));
-    struct Case {
-        const char* name;
-        QByteArray input;
-        double maxRatio;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, QByteArray, double> cases[] = {
         {"empty", QByteArray(), 100},
         {"one byte", QByteArray(1, 'q'), 100},
         {"noise", noise, 1.2},
@@ -174,12 +158,12 @@ TEST(Compressor, RoundTripsAndShrinksRepetitiveData)
         {"repeat beyond 4672 bytes", farRepeat, 0.6},
         {"picture", picture, 0.1},
     };
-    for (const Case& c : cases) {
-        const QByteArray packed = compress(c.input);
-        EXPECT_EQ(decompress(packed, c.input.size()), c.input) << c.name;
-        EXPECT_LE(double(packed.size()), c.maxRatio * c.input.size() + 16) << c.name;
-        EXPECT_TRUE(packed.endsWith(QByteArray(6, char(0xFF)))) << c.name;
+    for (const auto& [name, input, maxRatio] : cases) {
+        const QByteArray packed = compress(input);
+        EXPECT_EQ(decompress(packed, input.size()), input) << name;
+        EXPECT_LE(double(packed.size()), maxRatio * input.size() + 16) << name;
+        EXPECT_TRUE(packed.endsWith(QByteArray(6, char(0xFF)))) << name;
         // The stream ends with the marker: asking for more data must hit it.
-        EXPECT_THROW(decompress(packed, c.input.size() + 1), FormatError) << c.name;
+        EXPECT_THROW(decompress(packed, input.size() + 1), FormatError) << name;
     }
 }

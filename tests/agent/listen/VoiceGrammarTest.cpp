@@ -13,15 +13,9 @@ namespace agent::listen
 namespace
 {
 
-struct ParseCase {
-    const char* voice;
-    QStringList phrases;
-    const char* jsgf;
-};
-
 TEST(VoiceText, ParsesIntoPhrasesAndRule)
 {
-    const ParseCase cases[] = {
+    const std::tuple<const char*, QStringList, const char*> cases[] = {
         {"Clip Board", {"clip board"}, "clip board"},
         {"(Yes)", {"yes"}, "yes"},
         {"(Quit Quorl | Close Quorl)",
@@ -33,11 +27,11 @@ TEST(VoiceText, ParsesIntoPhrasesAndRule)
          {"read my mail", "show my mail", "mail"},
          "( ( read | show ) my mail | mail )"},
         {"Don't stop, x-ray", {"don't stop x-ray"}, "don't stop x-ray"}};
-    for (const ParseCase& c : cases) {
-        const auto parsed = parseVoiceText(QString::fromUtf8(c.voice));
-        ASSERT_TRUE(parsed) << c.voice;
-        EXPECT_EQ(parsed->phrases, c.phrases) << c.voice;
-        EXPECT_EQ(parsed->jsgfExpansion, QString::fromUtf8(c.jsgf)) << c.voice;
+    for (const auto& [voice, phrases, jsgf] : cases) {
+        const auto parsed = parseVoiceText(QString::fromUtf8(voice));
+        ASSERT_TRUE(parsed) << voice;
+        EXPECT_EQ(parsed->phrases, phrases) << voice;
+        EXPECT_EQ(parsed->jsgfExpansion, QString::fromUtf8(jsgf)) << voice;
     }
     EXPECT_EQ(parseVoiceText("(Quit Quorl | Close Quorl)")->words,
               (QStringList{"quit", "quorl", "close"}));

@@ -12,13 +12,8 @@ using acs::Mouth;
 
 TEST(VoiceChoiceTest, VoiceForPitchRateWhisperAndCharacter)
 {
-    struct Case {
-        VoiceParams voice;
-        bool female;
-        bool whisperInstalled;
-        EspeakVoice expected;
-    };
-    const std::vector<Case> cases{
+    // Voice, female character, whisper variant installed, and the voice chosen.
+    const std::vector<std::tuple<VoiceParams, bool, bool, EspeakVoice>> cases{
         {{false, 100, 150, 65535}, false, true, {"en-us", 51, 158}},
         {{false, 0, 0, 65535}, false, true, {"en-us", 50, 175}},
         {{false, 40, 50, 65535}, false, true, {"en-us", 0, 80}},
@@ -35,10 +30,10 @@ TEST(VoiceChoiceTest, VoiceForPitchRateWhisperAndCharacter)
         {{false, 150, 150, 65535}, true, true, {"en-us+f2", 24, 158}},
         {{false, 100, 150, 65535}, true, true, {"en-us", 51, 158}},
     };
-    for (const Case& c : cases) {
-        const EspeakVoice voice = chooseEspeakVoice(c.voice, c.female, c.whisperInstalled);
-        EXPECT_EQ(voice, c.expected) << voice.name.constData() << " " << voice.pitch << " "
-                                     << voice.rate << " for " << c.voice.pitchHz << " Hz";
+    for (const auto& [params, female, whisperInstalled, expected] : cases) {
+        const EspeakVoice voice = chooseEspeakVoice(params, female, whisperInstalled);
+        EXPECT_EQ(voice, expected) << voice.name.constData() << " " << voice.pitch << " "
+                                   << voice.rate << " for " << params.pitchHz << " Hz";
     }
 }
 
