@@ -12,28 +12,18 @@ namespace agent::listen
 namespace
 {
 
-std::vector<std::int16_t> silence(double seconds, int hiss = 20)
-{
-    std::vector<std::int16_t> samples(std::size_t(seconds * 16000));
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        samples[i] = std::int16_t((i * 7919 % 201) - 100) * hiss / 100;
-    return samples;
-}
+constexpr bool Quiet = false; // a little hiss
+constexpr bool Tone = true;   // 220 Hz
 
-std::vector<std::int16_t> tone(double seconds)
+std::vector<std::int16_t> audio(std::initializer_list<std::pair<double, bool>> parts, int hiss = 20)
 {
-    std::vector<std::int16_t> samples(std::size_t(seconds * 16000));
-    for (std::size_t i = 0; i < samples.size(); ++i)
-        samples[i] = std::int16_t(8000 * std::sin(2 * M_PI * 220 * double(i) / 16000));
+    std::vector<std::int16_t> samples;
+    for (const auto& [seconds, tone] : parts)
+        for (std::size_t i = 0; i < std::size_t(seconds * 16000); ++i)
+            samples.push_back(
+                tone ? std::int16_t(8000 * std::sin(2 * M_PI * 220 * double(i) / 16000))
+                     : std::int16_t((i * 7919 % 201) - 100) * hiss / 100);
     return samples;
-}
-
-std::vector<std::int16_t> join(std::initializer_list<std::vector<std::int16_t>> parts)
-{
-    std::vector<std::int16_t> all;
-    for (const auto& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
 }
 
 TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
@@ -45,18 +35,18 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
         bool unfinished = false;
     };
     const Case cases[] = {
-        {"quiet only", silence(3), {}},
-        {"one burst", join({silence(1), tone(1), silence(1)}), {1.7}},
+        {"quiet only", audio({{3, Quiet}}), {}},
+        {"one burst", audio({{1, Quiet}, {1, Tone}, {1, Quiet}}), {1.7}},
         {"short gap inside",
-         join({silence(1), tone(0.5), silence(0.3), tone(0.5), silence(1)}),
+         audio({{1, Quiet}, {0.5, Tone}, {0.3, Quiet}, {0.5, Tone}, {1, Quiet}}),
          {2.0}},
         {"two bursts",
-         join({silence(1), tone(0.5), silence(1), tone(0.5), silence(1)}),
+         audio({{1, Quiet}, {0.5, Tone}, {1, Quiet}, {0.5, Tone}, {1, Quiet}}),
          {1.2, 1.2}},
-        {"clicks too short", join({silence(1), tone(0.02), silence(1)}), {}},
-        {"burst at the end, unfinished", join({silence(1), tone(1)}), {}, true},
+        {"clicks too short", audio({{1, Quiet}, {0.02, Tone}, {1, Quiet}}), {}},
+        {"burst at the end, unfinished", audio({{1, Quiet}, {1, Tone}}), {}, true},
         // A loud constant sound from the start becomes the floor; speech must stand above it.
-        {"steady hum", silence(3, 3000), {}},
+        {"steady hum", audio({{3, Quiet}}, 3000), {}},
     };
     for (const Case& c : cases) {
         VoiceActivityDetector detector;
