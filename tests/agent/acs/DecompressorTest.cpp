@@ -97,8 +97,6 @@ TEST(Decompressor, DecodesEachKindOfToken)
          QByteArray(13, 'x')},
         {"overlapping period 2", Tokens().literal('a').literal('b').copy(0, 1, 2, 1).end().bytes(),
          QByteArray("abababab")},
-        {"k=11, longest copy", Tokens().literal(0).copy(0, 0, 11, 2047).end().bytes(),
-         QByteArray(4097, '\0')},
         {"stops when full, without marker", Tokens().literals(3).bytes(false), sequence(3)},
         {"a copy past the end is clamped", Tokens().literal('a').copy(0, 0, 3, 0).end().bytes(),
          QByteArray(5, 'a')},

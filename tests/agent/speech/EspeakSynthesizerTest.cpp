@@ -84,11 +84,5 @@ TEST_F(EspeakSynthesizerTest, CancelCutsShortAndTheNextUtteranceWorks)
     EXPECT_GT(speechtest::rms(next->samples), 1000);
 }
 
-TEST_F(EspeakSynthesizerTest, PhonemesOfAWord)
-{
-    EXPECT_EQ(synthesizer.phonemesOf(u"gimp"_qs), u"g 'I m p"_qs);
-    EXPECT_EQ(synthesizer.phonemesOf(QString()), QString());
-}
-
 } // namespace
 } // namespace agent::speech

@@ -42,14 +42,10 @@ SpeechSegment plain(const QString& text, const VoiceParams& voice = Start)
 INSTANTIATE_TEST_SUITE_P(
     Tags, SpeechTagsTest,
     ::testing::Values(
-        TagCase{"PlainText", u"Hello there."_qs, {plain(u"Hello there."_qs)}},
         TagCase{"Empty", QString(), {}},
-        TagCase{
-            "Whisper", uR"(\chr="whisper"\Psst)"_qs, {plain(u"Psst"_qs, {true, 90, 160, 65535})}},
         TagCase{"WhisperThenNormal",
                 uR"(\chr="whisper"\a\chr="Normal"\b)"_qs,
                 {plain(u"a"_qs, {true, 90, 160, 65535}), plain(u"b"_qs)}},
-        TagCase{"Pitch", uR"(\pit=200\Hi)"_qs, {plain(u"Hi"_qs, {false, 200, 160, 65535})}},
         TagCase{"SpeedBetweenWords",
                 uR"(one \spd=200\two)"_qs,
                 {plain(u"one "_qs), plain(u"two"_qs, {false, 90, 200, 65535})}},
