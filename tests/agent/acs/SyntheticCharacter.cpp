@@ -78,38 +78,26 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     character.flags = flags::SystemCharacter | flags::BalloonSizeToText |
                       (options.voice ? flags::VoiceTts : flags::VoiceNone) |
                       (options.balloon ? flags::BalloonRoundRect : flags::BalloonNone);
-    character.localizedInfo = {
-        {0x0409, QStringLiteral("Pim"), QStringLiteral("A test character \U0001F600"),
-         QStringLiteral("one^^two")},
-        {0x0007, QStringLiteral("Pim"), QStringLiteral("Eine Testfigur"), QString()}};
+    character.localizedInfo = {{0x0409, "Pim", u"A test character \U0001F600"_qs, "one^^two"},
+                               {0x0007, "Pim", "Eine Testfigur", QString()}};
     if (options.voice) {
         VoiceInfo voice;
         voice.engine.bytes.fill(0xAB);
         voice.speed = 157;
         voice.pitch = 64;
-        voice.extra =
-            VoiceExtra{0x0409, QStringLiteral("Standard"), 2, 30, QStringLiteral("Business")};
+        voice.extra = VoiceExtra{0x0409, "Standard", 2, 30, "Business"};
         character.voice = voice;
     }
-    if (options.balloon) {
-        BalloonInfo balloon;
-        balloon.text = QColor(1, 2, 3);
-        balloon.background = QColor(255, 255, 225);
-        balloon.border = QColor(200, 100, 50);
-        balloon.fontName = QStringLiteral("Sans");
-        balloon.fontHeight = -13;
-        balloon.fontWeight = 700;
-        balloon.italic = true;
-        character.balloon = balloon;
-    }
+    // Lines, characters a line, text, background and border colours, font, strike-out, italic.
+    if (options.balloon)
+        character.balloon.emplace(2, 28, QColor(1, 2, 3), QColor(255, 255, 225),
+                                  QColor(200, 100, 50), "Sans", -13, 700, false, true);
     for (std::uint32_t i = 0; i < 256; ++i)
         character.palette.push_back((i << 16) | ((255 - i) << 8) | (i * 3 % 256));
     character.palette[Transparent] = 0x00FF00FF;
     character.trayIcon = TrayIconData{QByteArray(48, char(0x28)), QByteArray(104, char(0x11))};
     character.states = {
-        {QStringLiteral("SPEAKING"), {QStringLiteral("GREET")}},
-        {QStringLiteral("IDLINGLEVEL1"), {QStringLiteral("IDLE1_1"), QStringLiteral("READ")}},
-        {QStringLiteral("Hearing"), {}}};
+        {"SPEAKING", {"GREET"}}, {"IDLINGLEVEL1", {"IDLE1_1", "READ"}}, {"Hearing", {}}};
     Animation idle{u"Idle1_1"_qs,
                    Transition::None,
                    {},
