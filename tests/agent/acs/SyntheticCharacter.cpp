@@ -88,10 +88,15 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
         voice.extra = VoiceExtra{0x0409, "Standard", 2, 30, "Business"};
         character.voice = voice;
     }
-    // Lines, characters a line, text, background and border colours, font, strike-out, italic.
-    if (options.balloon)
-        character.balloon.emplace(2, 28, QColor(1, 2, 3), QColor(255, 255, 225),
-                                  QColor(200, 100, 50), "Sans", -13, 700, false, true);
+    if (options.balloon) {
+        BalloonInfo balloon;
+        balloon.text = QColor(1, 2, 3);
+        balloon.border = QColor(200, 100, 50);
+        balloon.fontName = QStringLiteral("Sans");
+        balloon.fontWeight = 700;
+        balloon.italic = true;
+        character.balloon = balloon;
+    }
     for (std::uint32_t i = 0; i < 256; ++i)
         character.palette.push_back((i << 16) | ((255 - i) << 8) | (i * 3 % 256));
     character.palette[Transparent] = 0x00FF00FF;
