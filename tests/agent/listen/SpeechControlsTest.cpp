@@ -90,13 +90,11 @@ TEST_F(PushToTalkKeyTest, HeldKeyGivesOnePressAndOneRelease)
     QSignalSpy pressed(&key, &PushToTalkKey::pressed);
     QSignalSpy released(&key, &PushToTalkKey::released);
     const unsigned int code = key.keycode();
-    send(XCB_KEY_PRESS, code);
-    // Auto-repeat: release and press again at once, twice.
-    send(XCB_KEY_RELEASE, code);
-    send(XCB_KEY_PRESS, code);
-    send(XCB_KEY_RELEASE, code);
-    send(XCB_KEY_PRESS, code);
-    send(XCB_KEY_PRESS, code + 1); // another key
+    // Auto-repeat releases and presses again at once, twice; another key changes nothing.
+    for (const int type :
+         {XCB_KEY_PRESS, XCB_KEY_RELEASE, XCB_KEY_PRESS, XCB_KEY_RELEASE, XCB_KEY_PRESS})
+        send(std::uint8_t(type), code);
+    send(XCB_KEY_PRESS, code + 1);
     EXPECT_EQ(pressed.size(), 1);
     EXPECT_TRUE(key.isDown());
     EXPECT_FALSE(released.wait(200));
