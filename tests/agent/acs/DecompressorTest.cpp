@@ -12,11 +12,7 @@ using namespace agent::acs;
 class Tokens
 {
 public:
-    Tokens& literal(std::uint8_t byte)
-    {
-        bits(0, 1);
-        return bits(byte, 8);
-    }
+    Tokens& literal(std::uint8_t byte) { return bits(0, 1).bits(byte, 8); }
     Tokens& literals(int count)
     {
         for (int i = 0; i < count; ++i)
@@ -27,14 +23,10 @@ public:
     Tokens& copy(int offsetClass, std::uint32_t raw, int k, std::uint32_t v)
     {
         static constexpr int offsetBits[4] = {6, 9, 12, 20};
-        bits(1, 1);
-        bits((1u << offsetClass) - 1, offsetClass);
+        bits(1, 1).bits((1u << offsetClass) - 1, offsetClass);
         if (offsetClass < 3)
             bits(0, 1);
-        bits(raw, offsetBits[offsetClass]);
-        bits((1u << k) - 1, k);
-        bits(0, 1);
-        return bits(v, k);
+        return bits(raw, offsetBits[offsetClass]).bits((1u << k) - 1, k).bits(0, 1).bits(v, k);
     }
     Tokens& end() { return bits(1, 1).bits(0b111, 3).bits(0xFFFFF, 20); }
     Tokens& bits(std::uint32_t value, int width)
@@ -45,16 +37,10 @@ public:
     }
     QByteArray bytes(bool trailer = true) const
     {
-        QByteArray out(1, '\0');
-        for (std::size_t i = 0; i < bits_.size(); i += 8) {
-            std::uint8_t byte = 0;
-            for (std::size_t b = 0; b < 8 && i + b < bits_.size(); ++b)
-                byte |= std::uint8_t(bits_[i + b] << b);
-            out.append(char(byte));
-        }
-        if (trailer)
-            out.append(6, char(0xFF));
-        return out;
+        QByteArray out(1 + qsizetype(bits_.size() + 7) / 8, '\0');
+        for (std::size_t i = 0; i < bits_.size(); ++i)
+            out[qsizetype(1 + i / 8)] |= char(bits_[i] << (i % 8));
+        return trailer ? out + QByteArray(6, char(0xFF)) : out;
     }
 
 private:
