@@ -40,9 +40,7 @@ Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint1
 
 Animation greet()
 {
-    Animation animation;
-    animation.name = QStringLiteral("Greet");
-    animation.transition = Transition::ExitBranches;
+    Animation animation{u"Greet"_qs, Transition::ExitBranches, {}, {}};
     for (std::uint32_t i = 0; i < 4; ++i) {
         Frame frame = plainFrame(i % 3, std::int16_t(-3 * int(i)), 2, 10);
         frame.exitFrame = std::int16_t(int(i) - 1);
@@ -51,54 +49,20 @@ Animation greet()
     animation.frames[0].exitFrame = 4;
     animation.frames[1].images.push_back({4, -7, -1});
     animation.frames[1].sound = 1;
-    Frame& speaking = animation.frames[3];
-    for (std::uint8_t mouth = 0; mouth < 7; ++mouth) {
-        Overlay overlay;
-        overlay.mouth = Mouth(mouth);
-        overlay.replaceTopImage = mouth == 2;
-        overlay.image = std::uint16_t(5 + mouth % 2);
-        overlay.x = -2;
-        overlay.y = 4;
-        overlay.centerX = 31;
-        overlay.centerY = 40 + mouth;
-        if (mouth == 6)
-            overlay.region = QByteArray::fromHex("2000000001000000");
-        speaking.overlays.push_back(overlay);
-    }
+    for (std::uint8_t mouth = 0; mouth < 7; ++mouth)
+        animation.frames[3].overlays.push_back(
+            {.mouth = Mouth(mouth),
+             .replaceTopImage = mouth == 2,
+             .image = std::uint16_t(5 + mouth % 2),
+             .x = -2,
+             .y = 4,
+             .centerX = 31,
+             .centerY = std::uint16_t(40 + mouth),
+             .region = mouth == 6 ? QByteArray::fromHex("2000000001000000") : QByteArray()});
     Frame blank;
     blank.duration = 0;
     blank.exitFrame = -1;
     animation.frames.push_back(blank);
-    return animation;
-}
-
-Animation idle()
-{
-    Animation animation;
-    animation.name = QStringLiteral("Idle1_1");
-    animation.frames = {plainFrame(0, 0, 0, 15), plainFrame(3, 1, 0, 0), plainFrame(1, 0, 0, 20)};
-    animation.frames[1].branches = {{0, 30}, {2, 50}, {1, 20}};
-    animation.frames[2].sound = 0;
-    animation.frames[2].exitFrame = 2;
-    return animation;
-}
-
-Animation read()
-{
-    Animation animation;
-    animation.name = QStringLiteral("Read");
-    animation.transition = Transition::ReturnAnimation;
-    animation.returnAnimation = QStringLiteral("READRETURN");
-    animation.frames = {plainFrame(2, 0, 0, 10), plainFrame(0, 0, 0, 10)};
-    animation.frames[1].branches = {{0, 100}};
-    return animation;
-}
-
-Animation readReturn()
-{
-    Animation animation;
-    animation.name = QStringLiteral("ReadReturn");
-    animation.frames = {plainFrame(1, 0, 0, 10)};
     return animation;
 }
 
@@ -114,26 +78,21 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     character.flags = flags::SystemCharacter | flags::BalloonSizeToText |
                       (options.voice ? flags::VoiceTts : flags::VoiceNone) |
                       (options.balloon ? flags::BalloonRoundRect : flags::BalloonNone);
-    character.localizedInfo = {
-        {0x0409, QStringLiteral("Pim"), QStringLiteral("A test character \U0001F600"),
-         QStringLiteral("one^^two")},
-        {0x0007, QStringLiteral("Pim"), QStringLiteral("Eine Testfigur"), QString()}};
+    character.localizedInfo = {{0x0409, "Pim", u"A test character \U0001F600"_qs, "one^^two"},
+                               {0x0007, "Pim", "Eine Testfigur", QString()}};
     if (options.voice) {
         VoiceInfo voice;
         voice.engine.bytes.fill(0xAB);
         voice.speed = 157;
         voice.pitch = 64;
-        voice.extra =
-            VoiceExtra{0x0409, QStringLiteral("Standard"), 2, 30, QStringLiteral("Business")};
+        voice.extra = VoiceExtra{0x0409, "Standard", 2, 30, "Business"};
         character.voice = voice;
     }
     if (options.balloon) {
         BalloonInfo balloon;
         balloon.text = QColor(1, 2, 3);
-        balloon.background = QColor(255, 255, 225);
         balloon.border = QColor(200, 100, 50);
         balloon.fontName = QStringLiteral("Sans");
-        balloon.fontHeight = -13;
         balloon.fontWeight = 700;
         balloon.italic = true;
         character.balloon = balloon;
@@ -143,10 +102,21 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     character.palette[Transparent] = 0x00FF00FF;
     character.trayIcon = TrayIconData{QByteArray(48, char(0x28)), QByteArray(104, char(0x11))};
     character.states = {
-        {QStringLiteral("SPEAKING"), {QStringLiteral("GREET")}},
-        {QStringLiteral("IDLINGLEVEL1"), {QStringLiteral("IDLE1_1"), QStringLiteral("READ")}},
-        {QStringLiteral("Hearing"), {}}};
-    character.animations = {greet(), idle(), read(), readReturn()};
+        {"SPEAKING", {"GREET"}}, {"IDLINGLEVEL1", {"IDLE1_1", "READ"}}, {"Hearing", {}}};
+    Animation idle{u"Idle1_1"_qs,
+                   Transition::None,
+                   {},
+                   {plainFrame(0, 0, 0, 15), plainFrame(3, 1, 0, 0), plainFrame(1, 0, 0, 20)}};
+    idle.frames[1].branches = {{0, 30}, {2, 50}, {1, 20}};
+    idle.frames[2].sound = 0;
+    idle.frames[2].exitFrame = 2;
+    Animation read{u"Read"_qs,
+                   Transition::ReturnAnimation,
+                   u"READRETURN"_qs,
+                   {plainFrame(2, 0, 0, 10), plainFrame(0, 0, 0, 10)}};
+    read.frames[1].branches = {{0, 100}};
+    const Animation readReturn{u"ReadReturn"_qs, Transition::None, {}, {plainFrame(1, 0, 0, 10)}};
+    character.animations = {greet(), idle, read, readReturn};
 
     Image placeholder;
     placeholder.present = false;

@@ -7,18 +7,10 @@
 
 namespace listentest
 {
-
 namespace
 {
 
-QString cacheDir()
-{
-    QString dir = qEnvironmentVariable("LISTEN_TEST_CACHE");
-    if (dir.isEmpty())
-        dir = QDir::tempPath() + QStringLiteral("/listen-test-speech");
-    QDir().mkpath(dir);
-    return dir;
-}
+const QStringList RecognizerFormat = QString("-r 16000 -c 1 -b 16 -e signed-integer").split(' ');
 
 bool run(const QString& program, const QStringList& arguments)
 {
@@ -29,21 +21,14 @@ bool run(const QString& program, const QStringList& arguments)
            process.exitCode() == 0;
 }
 
-// Resampled, and 0.3 s of silence on each side, as with a key held around the words.
-bool toRecognizerFormat(const QString& in, const QString& out)
-{
-    return run(QStringLiteral("sox"),
-               {in, QStringLiteral("-r"), QStringLiteral("16000"), QStringLiteral("-c"),
-                QStringLiteral("1"), QStringLiteral("-b"), QStringLiteral("16"),
-                QStringLiteral("-e"), QStringLiteral("signed-integer"), out, QStringLiteral("pad"),
-                QStringLiteral("0.3"), QStringLiteral("0.3")});
-}
-
 QString cachedPath(const QString& key)
 {
+    QString dir = qEnvironmentVariable("LISTEN_TEST_CACHE");
+    if (dir.isEmpty())
+        dir = QDir::tempPath() + "/listen-test-speech";
+    QDir().mkpath(dir);
     const QByteArray hash = QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha1);
-    return cacheDir() + QLatin1Char('/') + QString::fromLatin1(hash.toHex().left(16)) +
-           QStringLiteral(".wav");
+    return dir + '/' + QString::fromLatin1(hash.toHex().left(16)) + ".wav";
 }
 
 } // namespace
@@ -67,15 +52,14 @@ std::vector<agent::VoicePhrase> commandTable()
 
 QString Voice::label() const
 {
-    return rate ? QStringLiteral("%1 %2 %3").arg(synthesizer, name).arg(rate)
-                : QStringLiteral("%1 %2").arg(synthesizer, name);
+    return rate ? QString("%1 %2 %3").arg(synthesizer, name).arg(rate) : synthesizer + ' ' + name;
 }
 
 std::vector<Voice> fliteVoices()
 {
     std::vector<Voice> voices;
     for (const char* name : {"kal", "kal16", "awb", "rms", "slt"})
-        voices.push_back({QStringLiteral("flite"), QString::fromLatin1(name), 0});
+        voices.push_back({"flite", name, 0});
     return voices;
 }
 
@@ -84,7 +68,7 @@ std::vector<Voice> espeakVoices()
     std::vector<Voice> voices;
     for (const char* name : {"en-us", "en-us+m3", "en-us+f2", "en-us+f4"})
         for (int rate : {150, 190})
-            voices.push_back({QStringLiteral("espeak-ng"), QString::fromLatin1(name), rate});
+            voices.push_back({"espeak-ng", name, rate});
     return voices;
 }
 
@@ -106,44 +90,29 @@ QStringList outsideSentences()
 
 QString spokenWav(const QString& text, const Voice& voice)
 {
-    const QString out = cachedPath(voice.label() + QLatin1Char('|') + text);
+    const QString out = cachedPath(voice.label() + '|' + text);
     if (QFile::exists(out))
         return out;
-    const QString raw = out + QStringLiteral(".synth.wav");
-    const bool spoken =
-        voice.synthesizer == QLatin1String("flite")
-            ? run(QStringLiteral("flite"), {QStringLiteral("-voice"), voice.name,
-                                            QStringLiteral("-t"), text, QStringLiteral("-o"), raw})
-            : run(QStringLiteral("espeak-ng"),
-                  {QStringLiteral("-v"), voice.name, QStringLiteral("-s"),
-                   QString::number(voice.rate), QStringLiteral("-w"), raw, text});
-    const bool converted = spoken && toRecognizerFormat(raw, out);
+    const QString raw = out + ".synth.wav";
+    const bool spoken = voice.synthesizer == "flite"
+                            ? run("flite", {"-voice", voice.name, "-t", text, "-o", raw})
+                            : run("espeak-ng", {"-v", voice.name, "-s", QString::number(voice.rate),
+                                                "-w", raw, text});
+    // 0.3 s of silence on each side, as with a key held around the words.
+    const bool converted = spoken && run("sox", QStringList{raw} + RecognizerFormat +
+                                                    QStringList{out, "pad", "0.3", "0.3"});
     QFile::remove(raw);
     return converted ? out : QString();
 }
 
 QStringList noiseWavs()
 {
-    const QList<QStringList> kinds = {
-        {"whitenoise"}, {"pinknoise"}, {"brownnoise"}, {"sine", "440"}, {"square", "220"}};
     QStringList paths;
-    for (const QStringList& kind : kinds) {
-        const QString out = cachedPath(QStringLiteral("noise|") + kind.join(QLatin1Char(' ')));
-        QStringList arguments = {QStringLiteral("-n"),
-                                 QStringLiteral("-r"),
-                                 QStringLiteral("16000"),
-                                 QStringLiteral("-c"),
-                                 QStringLiteral("1"),
-                                 QStringLiteral("-b"),
-                                 QStringLiteral("16"),
-                                 QStringLiteral("-e"),
-                                 QStringLiteral("signed-integer"),
-                                 out,
-                                 QStringLiteral("synth"),
-                                 QStringLiteral("1.5")};
-        arguments += kind;
-        arguments << QStringLiteral("vol") << QStringLiteral("0.3");
-        if (QFile::exists(out) || run(QStringLiteral("sox"), arguments))
+    for (const char* kind : {"whitenoise", "pinknoise", "brownnoise", "sine 440", "square 220"}) {
+        const QString out = cachedPath(QString("noise|") + kind);
+        const QStringList synth = QString("synth 1.5 %1 vol 0.3").arg(kind).split(' ');
+        if (QFile::exists(out) ||
+            run("sox", QStringList{"-n"} + RecognizerFormat + QStringList{out} + synth))
             paths << out;
     }
     return paths;

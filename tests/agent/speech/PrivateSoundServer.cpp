@@ -15,16 +15,10 @@ PrivateSoundServer::PrivateSoundServer()
     environment_.insert(u"XDG_RUNTIME_DIR"_qs, runtime_.path());
     environment_.insert(u"HOME"_qs, runtime_.path());
     environment_.remove(u"PULSE_SERVER"_qs);
-    QProcess daemon;
-    daemon.setProcessEnvironment(environment_);
-    daemon.start(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
-                                    u"--load=module-null-sink sink_name=dummy"_qs,
-                                    u"--load=module-native-protocol-unix auth-anonymous=1"_qs});
-    if (!daemon.waitForFinished(20000) || daemon.exitStatus() != QProcess::NormalExit ||
-        daemon.exitCode() != 0) {
-        error_ = QString::fromLocal8Bit(daemon.readAllStandardError());
+    if (!run(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
+                                u"--load=module-null-sink sink_name=dummy"_qs,
+                                u"--load=module-native-protocol-unix auth-anonymous=1"_qs}))
         return;
-    }
     QFile pidFile(runtime_.filePath(u"pulse/pid"_qs));
     if (pidFile.open(QIODevice::ReadOnly))
         pid_ = pidFile.readAll().trimmed().toInt();
@@ -45,6 +39,20 @@ PrivateSoundServer::~PrivateSoundServer()
     const QString pidFile = runtime_.filePath(u"pulse/pid"_qs);
     for (int i = 0; i < 50 && QFile::exists(pidFile); ++i)
         QThread::msleep(100);
+}
+
+bool PrivateSoundServer::run(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment_);
+    process.start(program, arguments);
+    // The event loop runs meanwhile: the process's own sound clients may be waiting on it.
+    const bool ended =
+        QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 30000);
+    if (ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+        return true;
+    error_ = program + u": "_qs + QString::fromLocal8Bit(process.readAllStandardError());
+    return false;
 }
 
 bool PrivateSoundServer::useAndRecord()
@@ -80,6 +88,18 @@ std::vector<qint16> PrivateSoundServer::take(qsizetype atLeast, int timeoutMs)
     std::memcpy(samples.data(), recorded_.constData(), samples.size() * 2);
     recorded_.remove(0, qsizetype(samples.size()) * 2);
     return samples;
+}
+
+bool PrivateSoundServer::loopToMicrophone()
+{
+    return run(u"pactl"_qs, {u"load-module"_qs, u"module-remap-source"_qs,
+                             u"master=dummy.monitor"_qs, u"source_name=microphone"_qs}) &&
+           run(u"pactl"_qs, {u"set-default-source"_qs, u"microphone"_qs});
+}
+
+bool PrivateSoundServer::play(const QString& file)
+{
+    return run(u"paplay"_qs, {u"-d"_qs, u"dummy"_qs, file});
 }
 
 } // namespace speechtest

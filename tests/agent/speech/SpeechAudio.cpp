@@ -6,28 +6,38 @@
 
 namespace speechtest
 {
+namespace
+{
+
+// The sum of the products of samples from `start` with those `lag` later.
+double correlation(const std::vector<qint16>& samples, qsizetype start, qsizetype count,
+                   qsizetype lag = 0)
+{
+    double sum = 0;
+    for (qsizetype i = start; i < start + count; ++i)
+        sum += double(samples[i]) * samples[i + lag];
+    return sum;
+}
+
+} // namespace
 
 double rms(const std::vector<qint16>& samples)
 {
-    if (samples.empty())
-        return 0;
-    double sum = 0;
-    for (const qint16 s : samples)
-        sum += double(s) * s;
-    return std::sqrt(sum / double(samples.size()));
+    const auto n = qsizetype(samples.size());
+    return n ? std::sqrt(correlation(samples, 0, n) / double(n)) : 0;
 }
 
 double lowFrequencyShare(const std::vector<qint16>& samples)
 {
     // Two one-pole low-pass stages at 300 Hz.
     const double a = std::exp(-2 * std::numbers::pi * 300.0 / 22050.0);
-    double first = 0, second = 0, low = 0, all = 0;
+    double first = 0, second = 0, low = 0;
     for (const qint16 s : samples) {
         first = (1 - a) * s + a * first;
         second = (1 - a) * first + a * second;
         low += second * second;
-        all += double(s) * s;
     }
+    const double all = correlation(samples, 0, qsizetype(samples.size()));
     return all > 0 ? low / all : 0;
 }
 
@@ -39,21 +49,17 @@ double medianPitchHz(const std::vector<qint16>& samples)
     std::vector<double> pitches;
     for (qsizetype start = 0; start + Frame + LongestLag <= qsizetype(samples.size());
          start += Frame) {
-        double energy = 0;
-        for (qsizetype i = start; i < start + Frame; ++i)
-            energy += double(samples[i]) * samples[i];
         int bestLag = 0;
         double best = 0;
         for (int lag = ShortestLag; lag <= LongestLag; ++lag) {
-            double sum = 0;
-            for (qsizetype i = start; i < start + Frame; ++i)
-                sum += double(samples[i]) * samples[i + lag];
+            const double sum = correlation(samples, start, Frame, lag);
             if (sum > best) {
                 best = sum;
                 bestLag = lag;
             }
         }
         // Voiced: the signal repeats itself closely after one period.
+        const double energy = correlation(samples, start, Frame);
         if (energy > 0 && best / energy > 0.6)
             pitches.push_back(22050.0 / bestLag);
     }
@@ -81,13 +87,9 @@ qint64 audibleSamples(const std::vector<qint16>& samples)
     constexpr qsizetype Block = 220;
     constexpr double Threshold = 300;
     qint64 count = 0;
-    for (qsizetype start = 0; start + Block <= qsizetype(samples.size()); start += Block) {
-        double sum = 0;
-        for (qsizetype i = start; i < start + Block; ++i)
-            sum += double(samples[i]) * samples[i];
-        if (std::sqrt(sum / Block) > Threshold)
+    for (qsizetype start = 0; start + Block <= qsizetype(samples.size()); start += Block)
+        if (std::sqrt(correlation(samples, start, Block) / Block) > Threshold)
             count += Block;
-    }
     return count;
 }
 

@@ -1,7 +1,11 @@
-#include "agent/listen/VoiceText.h"
-
 #include "agent/listen/VoiceGrammar.h"
 
+#include "agent/listen/EspeakPhonemes.h"
+#include "agent/listen/Pronouncer.h"
+#include "agent/listen/VoiceText.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace agent::listen
@@ -9,15 +13,9 @@ namespace agent::listen
 namespace
 {
 
-struct ParseCase {
-    const char* voice;
-    QStringList phrases;
-    const char* jsgf;
-};
-
 TEST(VoiceText, ParsesIntoPhrasesAndRule)
 {
-    const ParseCase cases[] = {
+    const std::tuple<const char*, QStringList, const char*> cases[] = {
         {"Clip Board", {"clip board"}, "clip board"},
         {"(Yes)", {"yes"}, "yes"},
         {"(Quit Quorl | Close Quorl)",
@@ -29,12 +27,14 @@ TEST(VoiceText, ParsesIntoPhrasesAndRule)
          {"read my mail", "show my mail", "mail"},
          "( ( read | show ) my mail | mail )"},
         {"Don't stop, x-ray", {"don't stop x-ray"}, "don't stop x-ray"}};
-    for (const ParseCase& c : cases) {
-        const auto parsed = parseVoiceText(QString::fromUtf8(c.voice));
-        ASSERT_TRUE(parsed) << c.voice;
-        EXPECT_EQ(parsed->phrases, c.phrases) << c.voice;
-        EXPECT_EQ(parsed->jsgfExpansion, QString::fromUtf8(c.jsgf)) << c.voice;
+    for (const auto& [voice, phrases, jsgf] : cases) {
+        const auto parsed = parseVoiceText(QString::fromUtf8(voice));
+        ASSERT_TRUE(parsed) << voice;
+        EXPECT_EQ(parsed->phrases, phrases) << voice;
+        EXPECT_EQ(parsed->jsgfExpansion, QString::fromUtf8(jsgf)) << voice;
     }
+    EXPECT_EQ(parseVoiceText("(Quit Quorl | Close Quorl)")->words,
+              (QStringList{"quit", "quorl", "close"}));
 }
 
 TEST(VoiceText, RefusesWhatTheGrammarCannotTake)
@@ -43,21 +43,9 @@ TEST(VoiceText, RefusesWhatTheGrammarCannotTake)
          {"", " ", "(Quit Quorl", "Quit Quorl)", "( | yes)", "()", "[ ]", "<command>", "a * b",
           "a = b", "open {app}", "(a] b", "say \"hello\""})
         EXPECT_FALSE(parseVoiceText(QString::fromUtf8(voice))) << voice;
-}
-
-TEST(VoiceText, RefusesTooManyPhrases)
-{
-    // 2^9 = 512 combinations.
-    const QString voice = QStringLiteral("(a | b) ").repeated(9);
-    EXPECT_FALSE(parseVoiceText(voice));
+    // 2^9 = 512 combinations are too many, 256 are not.
+    EXPECT_FALSE(parseVoiceText(QStringLiteral("(a | b) ").repeated(9)));
     EXPECT_TRUE(parseVoiceText(QStringLiteral("(a | b) ").repeated(8)));
-}
-
-TEST(VoiceText, ListsEachWordOnce)
-{
-    const auto parsed = parseVoiceText(QStringLiteral("(Quit Quorl | Close Quorl)"));
-    ASSERT_TRUE(parsed);
-    EXPECT_EQ(parsed->words, (QStringList{"quit", "quorl", "close"}));
 }
 
 TEST(VoiceGrammar, MapsHeardWordsToTheFirstMatchingEnabledName)
@@ -97,6 +85,36 @@ TEST(VoiceGrammar, SamePhrasesComparesNamesAndVoicesInOrder)
     EXPECT_FALSE(VoiceGrammar::samePhrases(list, {{"No", "(No)"}, {"Yes", "(Yes)"}}));
     EXPECT_FALSE(VoiceGrammar::samePhrases(list, {{"Yes", "(Yes)"}, {"No", "(no)"}}));
     EXPECT_FALSE(VoiceGrammar::samePhrases(list, {{"Yes", "(Yes)"}}));
+}
+
+TEST(EspeakPhonemes, MapOntoCmuPhones)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"g 'I m p", "G IH M P"},
+        {"k w 'o@ l", "K W AO R L"},   // r-coloured vowel keeps its R
+        {"w 'E D 3 r-", "W EH DH ER"}, // no second R after ER
+        {"dZ 'V dZ", "JH AH JH"},
+        {",aI T 'I N k", "AY TH IH NG K"}, // secondary stress mark
+        {"t 'aI m _: Q9", "T AY M"},       // unknown tokens dropped
+        {"", ""}};
+    for (const auto& [espeak, cmu] : cases)
+        EXPECT_EQ(espeakToCmu(QString::fromUtf8(espeak)), QString::fromUtf8(cmu)) << espeak;
+}
+
+TEST(Pronouncer, TakesTheDictionaryFirstThenEspeakAndLeavesOutTheRest)
+{
+    QTemporaryDir dir;
+    QFile dictionary(dir.filePath(QStringLiteral("dict")));
+    ASSERT_TRUE(dictionary.open(QIODevice::WriteOnly));
+    dictionary.write("the DH AH\nthe(2) DH IY\nthey DH EY\nyes Y EH S\n");
+    dictionary.close();
+    using Pronunciations = QHash<QString, QString>;
+    EXPECT_EQ(Pronouncer(dictionary.fileName()).pronounce({"the", "gimp", "yes"}),
+              (Pronunciations{
+                  {"the", "DH AH"}, {"the(2)", "DH IY"}, {"yes", "Y EH S"}, {"gimp", "G IH M P"}}));
+    const auto noEspeak = [](const QString&) { return QString(); };
+    EXPECT_EQ(Pronouncer(dictionary.fileName(), noEspeak).pronounce({"gimp", "yes"}),
+              (Pronunciations{{"yes", "Y EH S"}}));
 }
 
 } // namespace

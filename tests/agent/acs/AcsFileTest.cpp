@@ -1,0 +1,221 @@
+#include "agent/acs/AcsFile.h"
+
+#include "SyntheticCharacter.h"
+#include "agent/acs/ByteReader.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace agent::acs;
+using namespace agent::acs::testing;
+
+constexpr qsizetype ImageListLocatorAt = 20;
+constexpr qsizetype CharacterInfoFixedBytes = 41;
+
+// The file offset of image `index`'s record, found through the header and the image list.
+qsizetype imageRecord(const QByteArray& file, std::uint32_t index)
+{
+    return u32At(file, u32At(file, ImageListLocatorAt) + 4 + 12 * index);
+}
+
+std::string readError(const QByteArray& file)
+{
+    try {
+        readAcs(file);
+    } catch (const FormatError& error) {
+        return error.what();
+    }
+    return "no error";
+}
+
+TEST(AcsRoundTrip, ReadsBackWhatWasWritten)
+{
+    for (bool voice : {true, false})
+        for (bool balloon : {true, false})
+            for (bool compress : {true, false}) {
+                const CharacterData original = syntheticCharacter({voice, balloon});
+                EXPECT_TRUE(readAcs(writeAcs(original, {compress})) == original)
+                    << voice << balloon << compress;
+            }
+    const CharacterData character = syntheticCharacter();
+    EXPECT_LT(writeAcs(character, {true}).size(), writeAcs(character, {false}).size());
+}
+
+// Palette entries are stored blue first, balloon colours red first: a swap in either shows
+// wrong colours on every character, and a round trip alone cannot see it.
+TEST(AcsRoundTrip, StoresColoursInTheirOwnByteOrder)
+{
+    // An empty string is its count alone, a non-empty one ends with a 0x0000 terminator; the
+    // palette's position after the font name checks both.
+    const std::pair<QString, qsizetype> cases[] = {{"Sans", 4 + 2 * 5}, {QString(), 4}};
+    for (const auto& [fontName, fontNameBytes] : cases) {
+        CharacterData character = syntheticCharacter({false, true});
+        character.palette[0] = 0x00112233;
+        character.balloon->background = QColor(0xFF, 0xFE, 0xE1);
+        character.balloon->fontName = fontName;
+        const QByteArray file = writeAcs(character);
+        const qsizetype balloon = u32At(file, 4) + CharacterInfoFixedBytes;
+        EXPECT_EQ(file.mid(balloon + 6, 4), QByteArray::fromHex("FFFEE100"));
+        const qsizetype palette = balloon + 14 + fontNameBytes + 10;
+        EXPECT_EQ(u32At(file, palette), 256u) << fontName.toStdString();
+        EXPECT_EQ(file.mid(palette + 4, 4), QByteArray::fromHex("33221100"));
+    }
+}
+
+// Unpaired UTF-16 surrogates come from careless tools; they must read as U+FFFD, not fail.
+TEST(AcsRoundTrip, ReplacesUnpairedSurrogates)
+{
+    CharacterData character = syntheticCharacter();
+    character.localizedInfo[1].name = QString::fromUtf16(u"\xD83Dz\xDE00\xD83D\xDE00\xD83D");
+    EXPECT_EQ(readAcs(writeAcs(character)).localizedInfo[1].name,
+              QString::fromUtf16(u"\xFFFDz\xFFFD\xD83D\xDE00\xFFFD"));
+}
+
+TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)
+{
+    CharacterData character = syntheticCharacter({true, false});
+    character.flags |= flags::BalloonRoundRect;
+    character.voice.reset();
+    const CharacterData read = readAcs(writeAcs(character));
+    EXPECT_EQ(read.flags & (flags::VoiceTts | flags::BalloonRoundRect), 0u);
+    EXPECT_EQ(read.flags & flags::SystemCharacter, flags::SystemCharacter);
+}
+
+TEST(AcsRoundTrip, WriterRefusesWhatTheFileCannotState)
+{
+    CharacterData wrongSize = syntheticCharacter();
+    wrongSize.images[1].pixels.chop(1);
+    CharacterData tooManyBranches = syntheticCharacter();
+    tooManyBranches.animations[0].frames[0].branches.resize(256);
+    for (const CharacterData& character : {wrongSize, tooManyBranches})
+        EXPECT_THROW(writeAcs(character), FormatError);
+}
+
+TEST(AcsReaderErrors, RefusesEveryTruncation)
+{
+    const QByteArray file = writeAcs(syntheticCharacter());
+    for (qsizetype size = 0; size < file.size(); ++size)
+        EXPECT_THROW(readAcs(file.left(size)), FormatError) << "truncated to " << size;
+}
+
+// Flipped bytes may still form a valid file; the reader must either succeed or throw
+// FormatError, never crash or throw anything else.
+TEST(AcsReaderErrors, SurvivesRandomMutations)
+{
+    for (bool compressed : {true, false}) {
+        const QByteArray original = writeAcs(syntheticCharacter(), {compressed});
+        std::mt19937 random(1234);
+        int refused = 0;
+        for (int round = 0; round < 1500; ++round) {
+            QByteArray file = original;
+            const int flips = 1 + int(random() % 8);
+            for (int i = 0; i < flips; ++i)
+                file[qsizetype(random() % std::uint32_t(file.size()))] ^= char(1 + random() % 255);
+            try {
+                readAcs(file);
+            } catch (const FormatError&) {
+                ++refused;
+            }
+        }
+        EXPECT_GT(refused, 0);
+    }
+}
+
+TEST(AcsReaderErrors, NamesOtherFormats)
+{
+    const QByteArray body(64, '\0');
+    const std::pair<QByteArray, const char*> cases[] = {
+        {QByteArray::fromHex("C4ABCDAB") + body, "unsupported format: a web character (ACF) file"},
+        {QByteArray::fromHex("C2ABCDAB") + body, "unsupported format: a web character (ACF) file"},
+        {QByteArray::fromHex("C1ABCDAB") + body, "unsupported format: 1.5-era character data"},
+        {QByteArray::fromHex("D0CF11E0A1B11AE1") + body,
+         "unsupported format: an OLE compound file"},
+        {QByteArray("RIFF") + body, "not a character file (signature 0x46464952)"},
+        {QByteArray("AB"), "file of 2 bytes is too short"},
+        {QByteArray::fromHex("C3ABCDAB0000"), "header: file of 6 bytes ends inside"},
+    };
+    for (const auto& [file, message] : cases)
+        EXPECT_NE(readError(file).find(message), std::string::npos) << readError(file);
+}
+
+TEST(AcsReaderErrors, ExplainsCorruptStructures)
+{
+    const QByteArray good = writeAcs(syntheticCharacter());
+    const std::pair<std::function<void(QByteArray&)>, const char*> cases[] = {
+        {[](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); },
+         "animation list: locator beyond end of file"},
+        {[](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); },
+         "image list: 4294967295 entries cannot fit"},
+        {[](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
+         "image list: image 1: compressed data does not start with 0x00"},
+        {[](QByteArray& f) { f[imageRecord(f, 1) + 1] = 100; },
+         "image list: image 1: decoded 112 of 700 bytes: end marker"},
+        {[](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
+         "image list: image 1: pixel data: needs 2147483647 bytes"},
+    };
+    for (const auto& [corrupt, message] : cases) {
+        QByteArray file = good;
+        corrupt(file);
+        EXPECT_NE(readError(file).find(message), std::string::npos) << readError(file);
+    }
+}
+
+TEST(AcsReaderErrors, RefusesValuesOutsideTheirLists)
+{
+    const std::pair<std::function<void(CharacterData&)>, const char*> cases[] = {
+        {[](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; },
+         "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
+        {[](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; },
+         "frame 3: image 99 out of range"},
+        {[](CharacterData& c) { c.animations[2].frames[0].sound = 2; },
+         "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
+        {[](CharacterData& c) { c.animations[2].frames[0].sound = -3; }, "sound -3 out of range"},
+        {[](CharacterData& c) { c.animations[3].transition = Transition(3); },
+         "animation 3 \"ReadReturn\": unknown transition type 3"},
+        {[](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); },
+         "frame 3: overlay 1: unknown mouth type 7"},
+    };
+    for (const auto& [corrupt, message] : cases) {
+        CharacterData character = syntheticCharacter();
+        corrupt(character);
+        const std::string error = readError(writeAcs(character));
+        EXPECT_NE(error.find(message), std::string::npos) << error;
+    }
+}
+
+TEST(AcsReaderErrors, ReadsShortImageRecordsAsPlaceholders)
+{
+    QByteArray file = writeAcs(syntheticCharacter());
+    const qsizetype entry = u32At(file, ImageListLocatorAt) + 4 + 12 * 2;
+    putU32(file, entry + 4, 9);
+    const CharacterData character = readAcs(file);
+    EXPECT_FALSE(character.images[2].present);
+    EXPECT_TRUE(character.images[1].present);
+}
+
+// Many list entries can name one small record that expands a thousandfold; the reader must
+// stop long before it has allocated gigabytes.
+TEST(AcsReaderErrors, StopsSharedRecordsFromExhaustingMemory)
+{
+    CharacterData character = syntheticCharacter();
+    Image& big = character.images[0];
+    big.width = 4000;
+    big.height = 4000;
+    big.pixels = QByteArray(qsizetype(big.stride()) * big.height, char(10));
+    QByteArray file = writeAcs(character);
+    const Locator record{std::uint32_t(imageRecord(file, 0)),
+                         u32At(file, u32At(file, ImageListLocatorAt) + 8)};
+    const std::uint32_t list = std::uint32_t(file.size());
+    constexpr std::uint32_t copies = 1000;
+    file.append(4 + 12 * copies, '\0');
+    putU32(file, list, copies);
+    for (std::uint32_t i = 0; i < copies; ++i) {
+        putU32(file, list + 4 + 12 * i, record.offset);
+        putU32(file, list + 8 + 12 * i, record.size);
+    }
+    putU32(file, ImageListLocatorAt, list);
+    putU32(file, ImageListLocatorAt + 4, 4 + 12 * copies);
+    EXPECT_NE(readError(file).find("decoded data would exceed"), std::string::npos)
+        << readError(file);
+}
