@@ -2,8 +2,8 @@
 
 #include "core/Controls.h"
 #include "notes/NotesFixture.h"
-#include "settings/frmOptions.h"
 #include "reading/ReadingEngine.h"
+#include "settings/frmOptions.h"
 
 #include <QDir>
 #include <QLabel>
@@ -44,16 +44,18 @@ protected:
     }
 };
 
-TEST_F(frmRemindTest, SpeechFollowsTheSwitchesInItsOrder)
+// Each window is closed by Enter: as it opens, or with the focus in the note's text.
+TEST_F(frmRemindTest, SpeechFollowsTheSwitchesInItsOrderAndEnterCloses)
 {
     const struct {
         const char* what;
         std::function<void()> setup;
         QStringList spoken;
         QString firstCall;
+        bool enterInText = false;
     } cases[] = {
         {"none stored", [] {}, {}, {}},
-        {"all off", [&] { settings("0"); }, {}, {}},
+        {"all off", [&] { settings("0"); }, {}, {}, true},
         {"all on",
          [&] { settings("1"); },
          {"Time for it", "The time now is", "Today is", "Blue ones"},
@@ -76,14 +78,22 @@ TEST_F(frmRemindTest, SpeechFollowsTheSwitchesInItsOrder)
         ASSERT_EQ(spoken.size(), c.spoken.size());
         for (int i = 0; i < spoken.size(); ++i)
             EXPECT_TRUE(spoken[i].contains(c.spoken[i])) << spoken[i].toStdString();
-        const QStringList shows = fp.agent->callsStartingWith("Show(");
-        EXPECT_EQ(shows.value(0), c.firstCall);
+        EXPECT_EQ(fp.agent->callsStartingWith("Show(").value(0), c.firstCall);
         // The character is shown at once before anything is said.
         if (c.firstCall == "Show(1)") {
             EXPECT_LT(fp.agent->calls.indexOf("Show(1)"),
                       fp.agent->calls.indexOf(fp.agent->callsStartingWith("Speak(").value(0)));
         }
-        form->cmdClose->click();
+        EXPECT_TRUE(form->cmdClose->isDefault());
+        EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        EXPECT_EQ(app.ModalOpen, 1);
+        EXPECT_FALSE(character().Commands().Visible());
+        if (c.enterInText)
+            form->txtNote->setFocus();
+        QTest::keyClick(c.enterInText ? form->txtNote : form->focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(RemindForm(app));
+        EXPECT_EQ(app.ModalOpen, 0);
+        EXPECT_TRUE(character().Commands().Visible());
     }
 }
 
@@ -146,25 +156,6 @@ TEST_F(frmRemindTest, ARecordThatIsNotThereClosesTheWindowWithABox)
     // Opening the deleted file has made it anew, empty.
     EXPECT_TRUE(QFile::exists(notesFile()));
     EXPECT_EQ(QFileInfo(notesFile()).size(), 0);
-}
-
-TEST_F(frmRemindTest, EnterPressesClose)
-{
-    for (const bool inText : {false, true}) {
-        SCOPED_TRACE(inText ? "in the note's text" : "as the window opens");
-        frmRemind* form = open();
-        ASSERT_TRUE(form);
-        EXPECT_TRUE(form->cmdClose->isDefault());
-        EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        EXPECT_EQ(app.ModalOpen, 1);
-        EXPECT_FALSE(character().Commands().Visible());
-        if (inText)
-            form->txtNote->setFocus();
-        QTest::keyClick(inText ? form->txtNote : form->focusWidget(), Qt::Key_Return);
-        EXPECT_FALSE(RemindForm(app));
-        EXPECT_EQ(app.ModalOpen, 0);
-        EXPECT_TRUE(character().Commands().Visible());
-    }
 }
 
 TEST_F(frmRemindTest, RemindersAndOptionsLeadToTheirWindows)
