@@ -32,32 +32,22 @@ TEST(ReminderDueTest, SecondsAreNotComparedAndTheTwentyNinthOfFebruaryComesInLea
     EXPECT_EQ(days, (std::vector<QDate>{QDate(2024, 2, 29), QDate(2028, 2, 29)}));
 }
 
-// The oracle: the minutes of `year` at which a row is due, worked out from the table of kinds
-// by walking the calendar, with its own reading of the twelve-hour lists.
-std::vector<QDateTime> Firings(const NoteRow& row, int year)
+// The oracle: the minute of the day at which a row is due on a day, or -1, worked out from the
+// table of kinds with its own reading of the twelve-hour lists.
+int DueMinute(const NoteRow& row, const QDate& day)
 {
     static const int hours[2][12] = {{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0},
                                      {13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 12}};
-    if (row.Remind != 1 || row.MinuteIndex < 0 || row.MinuteIndex > 59)
-        return {};
-    const int hour = hours[row.AmPm][row.HourIndex];
-    std::vector<QDate> days;
-    const QDate first(year, 1, 1);
-    for (int d = 0; d < first.daysInYear(); ++d) {
-        const QDate day = first.addDays(d);
-        const bool date = QDate(year, row.Every + 1, row.Day) == day;
-        const char* names[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-        const bool weekday = row.Every >= 0 && row.Every < 7 &&
-                             QLocale::c().toString(day, QStringLiteral("ddd")) == names[row.Every];
-        if ((row.Kind == Once && row.Year == year && date) || row.Kind == Daily ||
-            (row.Kind == Weekly && weekday) || (row.Kind == Monthly && day.day() == row.Day) ||
-            (row.Kind == Yearly && date))
-            days.push_back(day);
-    }
-    std::vector<QDateTime> minutes;
-    for (const QDate& day : days)
-        minutes.push_back(At(day, hour, row.MinuteIndex));
-    return minutes;
+    const char* names[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+    const bool date = QDate(day.year(), row.Every + 1, row.Day) == day;
+    const bool weekday = row.Every >= 0 && row.Every < 7 &&
+                         QLocale::c().toString(day, QStringLiteral("ddd")) == names[row.Every];
+    const bool due = (row.Kind == Once && row.Year == day.year() && date) || row.Kind == Daily ||
+                     (row.Kind == Weekly && weekday) ||
+                     (row.Kind == Monthly && day.day() == row.Day) || (row.Kind == Yearly && date);
+    if (!due || row.Remind != 1 || row.MinuteIndex < 0 || row.MinuteIndex > 59)
+        return -1;
+    return hours[row.AmPm][row.HourIndex] * 60 + row.MinuteIndex;
 }
 
 TEST(ReminderDueTest, AYearMinuteByMinuteFiresWhatTheCalendarSays)
@@ -78,12 +68,11 @@ TEST(ReminderDueTest, AYearMinuteByMinuteFiresWhatTheCalendarSays)
         row.MinuteIndex = std::int16_t(pick(-1, 60));
         row.AmPm = std::int16_t(pick(0, 1));
     }
-    std::set<std::pair<QDateTime, std::size_t>> expected;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        for (const QDateTime& minute : Firings(rows[i], year))
-            expected.insert({minute, i});
-
-    std::set<std::pair<QDateTime, std::size_t>> fired;
+    std::set<std::pair<QDateTime, std::size_t>> expected, fired;
+    for (QDate day(year, 1, 1); day.year() == year; day = day.addDays(1))
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (const int minute = DueMinute(rows[i], day); minute >= 0)
+                expected.insert({At(day, minute / 60, minute % 60), i});
     const QDateTime end = At(QDate(year + 1, 1, 1), 0, 0);
     for (QDateTime now = At(QDate(year, 1, 1), 0, 0); now < end; now = now.addSecs(60))
         for (std::size_t i = 0; i < rows.size(); ++i)
@@ -160,8 +149,13 @@ TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
     }
 }
 
+// A Weekly reminder comes on top of another modal window of the program.
 TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
 {
+    QDialog other;
+    other.setModal(true);
+    other.show();
+    ASSERT_EQ(QApplication::activeModalWidget(), &other);
     const QDate sunday(2026, 11, 22);
     for (const bool closedInTime : {true, false}) {
         SCOPED_TRACE(closedInTime ? "closed within the minute" : "closed after the minute");
@@ -173,6 +167,7 @@ TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
         RemindTimer_Timer(app);
         ASSERT_TRUE(RemindForm(app));
         EXPECT_TRUE(RemindForm(app)->isVisible());
+        EXPECT_EQ(QApplication::activeModalWidget(), RemindForm(app));
         EXPECT_EQ(RemindForm(app)->lblName->text(), QStringLiteral("Weekly"));
         EXPECT_TRUE(shown.isEmpty());
         EXPECT_EQ(app.WaitingReminders, std::vector<int>{2});
@@ -183,23 +178,8 @@ TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
         QTRY_VERIFY(app.WaitingReminders.empty());
         EXPECT_EQ(shown, closedInTime ? QStringList{"Daily"} : QStringList{});
         EXPECT_FALSE(RemindForm(app));
+        EXPECT_EQ(QApplication::activeModalWidget(), &other);
     }
-}
-
-TEST_F(RemindTimerTest, AWeeklyReminderComesOnTopOfAnotherModalWindowWithoutHoldingThePass)
-{
-    notes({Note("Weekly", "w", Reminder(Weekly, 14, 25, 0))});
-    QDialog other;
-    other.setModal(true);
-    other.show();
-    ASSERT_EQ(QApplication::activeModalWidget(), &other);
-
-    RemindTimer_Timer(app);
-    ASSERT_TRUE(RemindForm(app));
-    EXPECT_TRUE(RemindForm(app)->isVisible());
-    EXPECT_EQ(QApplication::activeModalWidget(), RemindForm(app));
-    RemindForm(app)->cmdClose->click();
-    EXPECT_EQ(QApplication::activeModalWidget(), &other);
 }
 
 } // namespace
