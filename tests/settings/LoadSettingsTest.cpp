@@ -17,8 +17,9 @@ constexpr int ScreenWidth = 15360, ScreenHeight = 11520;
 // One run of the program up to LoadSettings, with the character file already chosen.
 struct SettingsRun : fakes::ProgramWindow {
     // Sets the stored values, then runs LoadSettings as Main does after creating the window.
-    SettingsRun(const std::map<QString, QString>& values = {})
+    SettingsRun(const std::map<QString, QString>& values = {}, bool tray = true)
     {
+        fp.tray.available = tray;
         fp.store.setValue("Character", "/chars/pip.acs");
         for (const auto& [name, value] : values)
             fp.store.setValue(name, value);
@@ -45,11 +46,11 @@ TEST(LoadSettingsTest, FirstRunOnAnEmptyStore)
 
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(box.icon, platform::BoxIcon::Information);
-    EXPECT_EQ(box.buttons, platform::BoxButtons::OK);
-    EXPECT_EQ(box.title, "Please select a character..");
-    EXPECT_EQ(box.text,
-              "This is your first time to run Quorl. Please select a character to be used.");
+    EXPECT_EQ(
+        std::tuple(box.icon, box.buttons, box.title, box.text),
+        std::tuple(platform::BoxIcon::Information, platform::BoxButtons::OK,
+                   "Please select a character..",
+                   "This is your first time to run Quorl. Please select a character to be used."));
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
     EXPECT_EQ(fp.dialogs.fileRequests[0].title, "Open Character..");
 
@@ -102,7 +103,7 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
     EXPECT_EQ(t.stored("WinY"), "600");
 }
 
-TEST(LoadSettingsTest, DefaultsAreStored)
+TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueSetsItsControl)
 {
     const SettingsRun t;
     const std::pair<QString, QString> defaults[] = {
@@ -117,17 +118,14 @@ TEST(LoadSettingsTest, DefaultsAreStored)
     EXPECT_TRUE(t.app.MainForm->chkIgnore->isChecked());
     EXPECT_TRUE(t.app.MainForm->txtIgnore->isEnabled());
     EXPECT_EQ(t.app.ModalOpen, 0);
-}
 
-TEST(LoadSettingsTest, ChecksAndTextsOfTheWindow)
-{
-    const SettingsRun t({{"SaveSettings", "true"},
+    const SettingsRun u({{"SaveSettings", "true"},
                          {"Whisper", "1"},
                          {"Balloon", "2"},
                          {"Ignore", "0"},
                          {"IgnoreText", "#"},
                          {"Animate", "1"}});
-    const frmMain& f = *t.app.MainForm;
+    const frmMain& f = *u.app.MainForm;
     EXPECT_FALSE(f.mnuFileSave->isChecked()) << "only \"True\" exactly is true";
     EXPECT_TRUE(f.chkWhisper->isChecked());
     EXPECT_FALSE(f.chkBalloon->isChecked());
@@ -136,7 +134,7 @@ TEST(LoadSettingsTest, ChecksAndTextsOfTheWindow)
     EXPECT_EQ(f.txtIgnore1->text(), "*");
     EXPECT_FALSE(f.txtIgnore->isEnabled());
     EXPECT_FALSE(f.txtIgnore1->isEnabled());
-    EXPECT_EQ(t.app.AnimateRead, "1");
+    EXPECT_EQ(u.app.AnimateRead, "1");
 
     for (const QString view : {"True", "False", "0"}) {
         const SettingsRun v(std::map<QString, QString>{{"ViewVoiceSettings", view}});
@@ -173,33 +171,27 @@ TEST(LoadSettingsTest, StoredVoiceWinsOverTheCharactersUnlessOneValueIsMissing)
     EXPECT_EQ(some.tags(), R"(\pit=120\\spd=160\\vol=3000\)");
 }
 
+// Without a tray a hidden start is a minimized one, so that the window stays reachable from the
+// task bar, and the user is told about the missing tray.
 TEST(LoadSettingsTest, TopmostAndStartVisibility)
 {
     const struct {
         QString top, startMinimized;
-        bool onTop, visible;
-    } cases[] = {{"True", "1", true, true},
-                 {"0", "1", false, true},
-                 {"False", "0", false, false},
-                 {"True", "0", true, false}};
+        bool tray, onTop, visible;
+    } cases[] = {{"True", "1", true, true, true},
+                 {"0", "1", true, false, true},
+                 {"False", "0", true, false, false},
+                 {"True", "0", true, true, false},
+                 {"0", "0", false, false, true}};
     for (const auto& c : cases) {
-        SCOPED_TRACE((c.top + "/" + c.startMinimized).toStdString());
-        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}});
+        SCOPED_TRACE(
+            (c.top + "/" + c.startMinimized + (c.tray ? "" : " without a tray")).toStdString());
+        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}}, c.tray);
         EXPECT_EQ(t.app.OnTop, c.onTop);
         EXPECT_EQ(t.app.MainForm->mnuViewTop->isChecked(), c.onTop);
         EXPECT_EQ(t.app.MainForm->isVisible(), c.visible);
+        EXPECT_EQ(t.app.MainForm->isMinimized(), !c.tray);
         EXPECT_TRUE(t.fp.tray.shown);
+        EXPECT_EQ(t.fp.dialogs.boxes.size(), c.tray ? 0u : 1u);
     }
-}
-
-TEST(LoadSettingsTest, WithoutATrayAHiddenStartIsAMinimizedOne)
-{
-    fakes::ProgramWindow t;
-    t.fp.tray.available = false;
-    t.fp.store.setValue("Character", "/chars/pip.acs");
-    t.fp.store.setValue("StartMinimized", "0");
-    LoadSettings(t.app);
-    EXPECT_TRUE(t.app.MainForm->isVisible());
-    EXPECT_TRUE(t.app.MainForm->isMinimized()) << "the window must stay reachable from the task bar";
-    EXPECT_EQ(t.fp.dialogs.boxes.size(), 1u) << "the user is told about the missing tray";
 }
