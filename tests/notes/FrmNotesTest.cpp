@@ -18,7 +18,6 @@
 #include <QSet>
 #include <QTest>
 #include <QTimer>
-#include <QtEndian>
 #include <map>
 
 namespace
@@ -423,63 +422,36 @@ TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
     }
 }
 
-TEST_F(FrmNotesTest, AFileOfPartRecordsIsWrittenBackAsWholeRecords)
+// A file that cannot be read keeps the window closed; one that cannot be written offers Retry,
+// and Cancel drops the edits.
+TEST_F(FrmNotesTest, AFileThatCannotBeReadOrWrittenIsNamedInABox)
 {
-    const QByteArray whole = EncodeNoteRecord(Note("One", "first", {1, 1})) +
-                             EncodeNoteRecord(Note("Two", "second", {0, 3, 0, 9}));
-    const QByteArray tail = QByteArray("Three").leftJustified(300, ' ');
-    const struct {
-        int extra;
-        QByteArray written;
-    } cases[] = {
-        {300, whole + tail.leftJustified(550, ' ') + QByteArray(16, '\0')},
-        {200, whole},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.extra);
-        QFile file(notesFile());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(whole + tail.left(c.extra));
-        file.close();
-        session([&](frmNotes& f) { click(f.cmdClose); });
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.readAll(), c.written);
-        file.close();
-    }
-}
+    const QString unreadable = notesFile(), unwritable = dir.path() + "/missing/Notes.cfg";
+    ASSERT_TRUE(QDir().mkdir(unreadable));
+    form().mnuQuorlReminders->trigger();
+    EXPECT_TRUE(fp.modalWindows.isEmpty());
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(form().RemindTimer->isActive());
 
-TEST_F(FrmNotesTest, AFailedSaveOffersRetryAndCancelDropsTheEdits)
-{
-    app.AppPath = dir.path() + QStringLiteral("/missing");
+    app.AppPath = dir.path() + "/missing";
     fp.dialogs.answers = {BoxAnswer::Retry, BoxAnswer::Cancel};
     session([&](frmNotes& f) {
         click(f.cmdNew);
         click(f.cmdClose);
         EXPECT_FALSE(f.isVisible());
     });
-    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
-    for (const fakes::Box& b : fp.dialogs.boxes) {
-        EXPECT_EQ(
-            std::tuple(b.icon, b.buttons, b.title),
-            std::tuple(BoxIcon::Critical, BoxButtons::RetryCancel, "Cannot Open " + notesFile()));
-    }
+    using Seen = std::tuple<BoxIcon, BoxButtons, QString>;
+    std::vector<Seen> seen;
+    for (const fakes::Box& b : fp.dialogs.boxes)
+        seen.emplace_back(b.icon, b.buttons, b.title);
+    const Seen retry = {BoxIcon::Critical, BoxButtons::RetryCancel, "Cannot Open " + unwritable};
+    EXPECT_EQ(seen,
+              (std::vector<Seen>{
+                  {BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + unreadable}, retry, retry}));
     EXPECT_TRUE(form().RemindTimer->isActive());
     EXPECT_EQ(app.ModalOpen, 0);
     // Only cmdClose brings the command group back.
     EXPECT_FALSE(character().Commands().Visible());
-}
-
-TEST_F(FrmNotesTest, AFileThatCannotBeReadIsNamedAndTheWindowStaysClosed)
-{
-    ASSERT_TRUE(QDir().mkdir(notesFile()));
-    form().mnuQuorlReminders->trigger();
-    EXPECT_TRUE(fp.modalWindows.isEmpty());
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    const fakes::Box& b = fp.dialogs.boxes[0];
-    EXPECT_EQ(std::tuple(b.icon, b.buttons, b.title),
-              std::tuple(BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + notesFile()));
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(form().RemindTimer->isActive());
 }
 
 } // namespace

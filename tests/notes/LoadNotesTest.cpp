@@ -43,6 +43,26 @@ TEST(NoteRecordTest, RecordsMatchTheirBytesOnDiskBothWays)
     }
 }
 
+// Bytes missing from a last record read as blanks and zeros; under half a record is none.
+TEST(NotesFileTest, AShortLastRecordIsFilledOrDropped)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("Notes.cfg");
+    const std::vector<NoteRecord> whole = {Note("One", "first", {1, 1}),
+                                           Note("Two", "second", {0, 3, 0, 9})};
+    for (const int extra : {300, 200}) {
+        WriteNotesFile(path, whole);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::Append));
+        file.write(QByteArray("Three").leftJustified(extra));
+        file.close();
+        std::vector<NoteRecord> read = whole;
+        if (extra == 300)
+            read.push_back(Note("Three", "", {}));
+        EXPECT_EQ(ReadNotesFile(path), read) << extra;
+    }
+}
+
 // The window's tests run at one time of day; these are the hours around midnight and noon.
 TEST(NoteScheduleTest, ThePresentTimeIsShownOnATwelveHourClock)
 {
