@@ -206,86 +206,73 @@ TEST_F(frmOptionsTest, OneChangeOnEachTabIsStoredInItsFormAndShownAgain)
     });
 }
 
-TEST_F(frmOptionsTest, OkReloadsTheCharacterOnlyWhenThePathDiffersInAnyLetter)
+// OK reloads the character only when the path differs in any letter, rebuilds its command list
+// with the applications at the end and tries the reading animation. Cancel in the box of a
+// failed reload leaves no character; OK then reports what fails, stores the rest and closes.
+TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
 {
-    for (const QString& path : {Pip, QStringLiteral("/chars/Pip.acs")}) {
-        SCOPED_TRACE(path.toStdString());
-        const bool reloaded = path != Pip;
-        fp.store.setValue("Character", Pip);
-        character().visible = false;
-        fp.agent->calls.clear();
-        open(0, [&](frmOptions& form) {
-            form.txtChar->setText(path);
-            form.cmdOK->click();
-        });
-        const QStringList calls = fp.agent->calls;
-        EXPECT_EQ(calls.contains("Load(G," + path + ")"), reloaded);
-        EXPECT_EQ(calls.contains("Unload(G)"), reloaded);
-        EXPECT_TRUE(calls.contains("Commands.RemoveAll()"));
-        EXPECT_TRUE(calls.contains("Show(0)"));
-        EXPECT_EQ(stored("Character"), path);
-        // The applications are back at the end of the rebuilt list.
-        const auto& commands = character().Commands();
-        ASSERT_GT(commands.Count(), 0);
-        EXPECT_EQ(character().commands.At(commands.Count() - 1).Name(), " 1");
-    }
-}
-
-// Cancel in the box of a failed reload leaves no character; OK reports what then fails and
-// still stores the rest and closes.
-TEST_F(frmOptionsTest, AFailedReloadIsReportedAndOkGoesOn)
-{
-    fp.agent->badFiles = {"/chars/broken.acs"};
-    fp.dialogs.answers = {platform::BoxAnswer::Cancel};
-    open(0, [&](frmOptions& form) {
-        form.txtChar->setText("/chars/broken.acs");
-        form.chkAnimate->setChecked(true);
-        form.chkClick->setChecked(true);
-        form.cmdOK->click();
-        EXPECT_FALSE(form.isVisible());
-    });
-    EXPECT_EQ(app.Character, nullptr);
-    ASSERT_GE(fp.dialogs.boxes.size(), 2u);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, "Character Error");
-    EXPECT_TRUE(std::any_of(fp.dialogs.boxes.begin(), fp.dialogs.boxes.end(), [](const auto& box) {
-        return box.text.contains("( Unknown ( 16 ) 91,");
-    }));
-    EXPECT_EQ(stored("Click"), "1");
-    // Without a character the animation cannot play either.
-    EXPECT_EQ(stored("Animate"), "0");
-    EXPECT_EQ(app.ModalOpen, 0);
-}
-
-TEST_F(frmOptionsTest, TheReadingAnimationIsTriedOnOk)
-{
+    const QString broken = "/chars/broken.acs";
+    const QStringList reads = {"Show(0)", "Play(Read)", "Play(ReadReturn)"};
+    const QStringList reload = {"Unload(G)", "Load(G,/chars/Pip.acs)"};
     const struct {
-        bool hasRead;
-        bool visibleBefore;
+        QString path;
+        bool hasRead, visibleBefore;
         QStringList calls;
         QString animate;
+        QStringList boxes = {};
     } cases[] = {
-        {true, false, {"Show(0)", "Play(Read)", "Play(ReadReturn)", "Hide()"}, "1"},
-        {true, true, {"Show(0)", "Play(Read)", "Play(ReadReturn)", "Show(0)"}, "1"},
-        {false, false, {"Show(0)", "Hide()"}, "0"},
+        {Pip, true, false, reads + QStringList{"Hide()"}, "1"},
+        {Pip, true, true, reads + QStringList{"Show(0)"}, "1"},
+        {Pip,
+         false,
+         false,
+         {"Show(0)", "Hide()"},
+         "0",
+         {"Character Error: Testy does not support the read animation."}},
+        {"/chars/Pip.acs", true, false, reload + reads + QStringList{"Hide()"}, "1"},
+        {broken, true, false, {"Unload(G)", "Load(G," + broken + ")"}, "0"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.hasRead << c.visibleBefore);
+        SCOPED_TRACE(testing::Message() << c.path.toStdString() << c.hasRead << c.visibleBefore);
         fp.dialogs.boxes.clear();
         fp.store.setValue("Show", "0");
+        fp.store.setValue("Character", Pip);
+        fp.agent->badFiles = {broken};
+        fp.dialogs.answers = {platform::BoxAnswer::Cancel};
         if (!c.hasRead)
             character().animations.erase("Read");
         character().visible = c.visibleBefore;
         open(0, [&](frmOptions& form) {
+            form.txtChar->setText(c.path);
             form.chkAnimate->setChecked(true);
+            form.chkClick->setChecked(true);
             fp.agent->calls.clear();
             form.cmdOK->click();
+            EXPECT_FALSE(form.isVisible());
         });
-        EXPECT_EQ(fp.agent->calls.filter(QRegularExpression("^(Show|Hide|Play)")), c.calls);
+        EXPECT_EQ(fp.agent->calls.filter(QRegularExpression("^(Show|Hide|Play|Load|Unload)")),
+                  c.calls);
         EXPECT_EQ(stored("Animate"), c.animate);
         EXPECT_EQ(app.AnimateRead, c.animate);
-        EXPECT_EQ(boxes(), c.hasRead ? QStringList{}
-                                     : QStringList{"Character Error: Testy does not support the "
-                                                   "read animation."});
+        EXPECT_EQ(stored("Click"), "1");
+        EXPECT_EQ(app.ModalOpen, 0);
+        if (c.path == broken) {
+            EXPECT_EQ(app.Character, nullptr);
+            ASSERT_GE(fp.dialogs.boxes.size(), 2u);
+            EXPECT_EQ(fp.dialogs.boxes[0].title, "Character Error");
+            EXPECT_TRUE(
+                std::any_of(fp.dialogs.boxes.begin(), fp.dialogs.boxes.end(), [](const auto& box) {
+                    return box.text.contains("( Unknown ( 16 ) 91,");
+                }));
+            continue;
+        }
+        EXPECT_EQ(boxes(), c.boxes);
+        EXPECT_EQ(stored("Character"), c.path);
+        EXPECT_TRUE(fp.agent->calls.contains("Commands.RemoveAll()"));
+        // The applications are back at the end of the rebuilt list.
+        const auto& commands = character().Commands();
+        ASSERT_GT(commands.Count(), 0);
+        EXPECT_EQ(character().commands.At(commands.Count() - 1).Name(), " 1");
     }
 }
 
