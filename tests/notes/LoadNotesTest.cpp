@@ -100,54 +100,36 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
         return [this, records] { WriteNotesFile(notesFile(), records); };
     };
     const auto unopenable = [this] { QDir().mkdir(notesFile()); };
+    const auto mendedOnRetry = [&] {
+        unopenable();
+        fp.dialogs.onBox = [&](const fakes::Box&) {
+            QDir(notesFile()).removeRecursively();
+            write({Note("a", "", on)})();
+        };
+    };
     const QString cannotOpen = "Cannot Open " + notesFile();
+    // Box texts up to their first line end; the system's own reason for an open that failed is
+    // left out.
     using Shown = std::tuple<BoxIcon, BoxButtons, QString, QString>;
-    const Shown notLoaded = {BoxIcon::Warning, BoxButtons::OK, "Notes File",
-                             "Notes file has not been loaded"};
+    const Shown retry = {BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}},
+                notLoaded = {BoxIcon::Warning, BoxButtons::OK, "Notes File",
+                             "Notes file has not been loaded"},
+                overflow = {BoxIcon::Critical, BoxButtons::OK, "Unknown Error", "Overflow"};
     const struct {
         const char* what;
         std::function<void()> setup;
         std::vector<NoteRow> table;
         bool timer;
         std::deque<BoxAnswer> answers = {};
-        // Box texts up to their first line end; the system's own reason for an open that
-        // failed is left out.
         std::vector<Shown> boxes = {};
     } cases[] = {
         {"no file", [] {}, {{}}, false},
-        {"an empty file", [this] { writeBytes(0); }, {{}}, false},
-        {"no reminder of 1",
-         write({Note("a", "", off), Note("b", "", two)}),
-         {{}, off, two},
-         false},
-        {"a reminder of 1 last",
-         write({Note("a", "", two), Note("b", "x", on)}),
-         {{}, two, on},
-         true},
-        {"cannot be opened, Cancel",
-         unopenable,
-         {{}},
-         false,
-         {BoxAnswer::Cancel},
-         {{BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}}, notLoaded}},
-        {"cannot be opened, Retry loads what is there by then",
-         [&] {
-             unopenable();
-             fp.dialogs.onBox = [&](const fakes::Box&) {
-                 QDir(notesFile()).removeRecursively();
-                 write({Note("a", "", on)})();
-             };
-         },
-         {{}, on},
-         true,
-         {BoxAnswer::Retry},
-         {{BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}}}},
-        {"more records than a 16-bit count",
-         [this] { writeBytes(32768LL * 566); },
-         {{}},
-         false,
-         {},
-         {{BoxIcon::Critical, BoxButtons::OK, "Unknown Error", "Overflow"}}},
+        {"empty", [this] { writeBytes(0); }, {{}}, false},
+        {"no 1", write({Note("a", "", off), Note("b", "", two)}), {{}, off, two}, false},
+        {"a 1 last", write({Note("a", "", two), Note("b", "x", on)}), {{}, two, on}, true},
+        {"Cancel", unopenable, {{}}, false, {BoxAnswer::Cancel}, {retry, notLoaded}},
+        {"Retry", mendedOnRetry, {{}, on}, true, {BoxAnswer::Retry}, {retry}},
+        {"over 32767 records", [this] { writeBytes(32768LL * 566); }, {{}}, false, {}, {overflow}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
