@@ -158,10 +158,10 @@ TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
     }
 }
 
-TEST_F(frmOptionsTest, OneChangeOnEachTabIsStoredInItsFormAndShownAgain)
+// Cancel (Escape) keeps the store, the character and its commands as they were.
+TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
 {
-    app.MainForm->RemindTimer->stop();
-    open(0, [&](frmOptions& form) {
+    const auto change = [](frmOptions& form) {
         form.chkClick->click();
         form.SSTab1->setCurrentIndex(1);
         form.chkGreetTime->setChecked(false);
@@ -174,10 +174,31 @@ TEST_F(frmOptionsTest, OneChangeOnEachTabIsStoredInItsFormAndShownAgain)
         form.SSTab1->setCurrentIndex(4);
         form.txtRemind->setText("   ");
         form.chkNoteDate->click();
+    };
+    open(0, [](frmOptions& form) { form.cmdCancel->click(); });
+    app.MainForm->RemindTimer->stop();
+    fp.agent->calls.clear();
+    fp.store.writes.clear();
+    open(0, [&](frmOptions& form) {
+        change(form);
+        form.txtChar->setText("/chars/other.acs");
+        form.chkEffects->click();
+        form.chkTime->click();
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+    });
+    EXPECT_TRUE(fp.store.writes.isEmpty());
+    EXPECT_EQ(fp.agent->calls, (QStringList{"Commands.Visible=0", "Commands.Visible=1"}));
+    EXPECT_EQ(voiceOf("Time"), "What is the time");
+    EXPECT_TRUE(app.MainForm->RemindTimer->isActive());
+    EXPECT_EQ(app.ModalOpen, 0);
+
+    app.MainForm->RemindTimer->stop();
+    open(0, [&](frmOptions& form) {
+        change(form);
         form.cmdOK->click();
         EXPECT_FALSE(form.isVisible());
     });
-
     const std::pair<const char*, const char*> values[] = {
         {"Click", "1"},        {"Greeting", "3"},
         {"TimeGreeting", "1"}, {"GreetingText", " "},
@@ -274,28 +295,6 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
         ASSERT_GT(commands.Count(), 0);
         EXPECT_EQ(character().commands.At(commands.Count() - 1).Name(), " 1");
     }
-}
-
-TEST_F(frmOptionsTest, CancelKeepsStoreCharacterAndCommands)
-{
-    open(0, [](frmOptions& form) { form.cmdCancel->click(); });
-    app.MainForm->RemindTimer->stop();
-    fp.agent->calls.clear();
-    fp.store.writes.clear();
-    open(0, [&](frmOptions& form) {
-        form.txtChar->setText("/chars/other.acs");
-        form.chkEffects->click();
-        form.txtTime->setText("Tell me the time");
-        form.chkTime->click();
-        form.optGreet[2]->click();
-        QTest::keyClick(&form, Qt::Key_Escape);
-        EXPECT_FALSE(form.isVisible());
-    });
-    EXPECT_TRUE(fp.store.writes.isEmpty());
-    EXPECT_EQ(fp.agent->calls, (QStringList{"Commands.Visible=0", "Commands.Visible=1"}));
-    EXPECT_EQ(voiceOf("Time"), "What is the time");
-    EXPECT_TRUE(app.MainForm->RemindTimer->isActive());
-    EXPECT_EQ(app.ModalOpen, 0);
 }
 
 TEST_F(frmOptionsTest, TheGreetingHintTicksBothBoxes)
