@@ -69,12 +69,7 @@ void type(QWidget* box, const QString& keys)
     } else {
         QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     }
-    const QStringList lines = keys.split('\n');
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (i > 0)
-            QTest::keyClick(box, Qt::Key_Return);
-        QTest::keyClicks(box, lines[i]);
-    }
+    QTest::keyClicks(box, QString(keys).replace('\n', '\r'));
 }
 
 // Runs actions separated by ";": "Box=keys" types, or picks by the keyboard search, and leaves
