@@ -97,14 +97,14 @@ protected:
     {
         fp.onModal = [this](QDialog&) {
             shown << RemindForm(app)->lblName->text();
-            if (onWindow)
-                onWindow(shown.size());
+            if (onFirstWindow && shown.size() == 1)
+                onFirstWindow();
         };
     }
 
     QStringList shown;
-    // Runs while a modal reminder is up, with its position in the pass.
-    std::function<void(int)> onWindow;
+    // Runs while the first modal reminder of a pass is up.
+    std::function<void()> onFirstWindow;
 };
 
 TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
@@ -115,37 +115,26 @@ TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
         Note("Also due now", "b", Reminder(Once, 14, 25, 10, 22, 2026)),
         Note("Due next minute", "c", Reminder(Yearly, 14, 26, 10, 22)),
     };
+    const QStringList both = {"Due now", "Also due now"};
+    const QDateTime nextMinute = At(today, 14, 26, 10);
     const struct {
         const char* what;
-        std::function<void(int)> onWindow;
+        std::function<void()> onFirstWindow;
         QStringList shown;
     } cases[] = {
-        {"closed within the minute", nullptr, {"Due now", "Also due now"}},
-        {"a tick while the first is up changes nothing",
-         [&](int window) {
-             if (window == 1)
-                 RemindTimer_Timer(app);
-         },
-         {"Due now", "Also due now"}},
-        {"the first held into the next minute",
-         [&](int window) {
-             if (window == 1)
-                 fp.clock.now = At(today, 14, 26, 10);
-         },
+        {"closed within the minute", nullptr, both},
+        {"a tick meanwhile changes nothing", [&] { RemindTimer_Timer(app); }, both},
+        {"held into the next minute",
+         [&] { fp.clock.now = nextMinute; },
          {"Due now", "Due next minute"}},
-        {"the table replaced while the first is up",
-         [&](int) {
-             WriteNotesFile(notesFile(), {records[0]});
-             LoadNotes(app);
-         },
-         {"Due now"}},
+        {"the table replaced meanwhile", [&] { notes({records[0]}); }, {"Due now"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         notes(records);
         fp.clock.now = At(today, 14, 25, 30);
         shown.clear();
-        onWindow = c.onWindow;
+        onFirstWindow = c.onFirstWindow;
         RemindTimer_Timer(app);
         EXPECT_EQ(shown, c.shown);
         EXPECT_TRUE(fp.dialogs.boxes.empty());
