@@ -238,7 +238,7 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
     for (std::size_t i = 0; i < stored.size(); ++i) {
         // The line end is stored as carriage return and line feed.
         const QString text = QString(notes[i].shown[1]).replace("\n", "\r\n");
-        EXPECT_EQ(stored[i], Note(notes[i].shown[0], text, notes[i].row)) << i;
+        EXPECT_EQ(stored[i], (NoteRecord{notes[i].row, notes[i].shown[0], text})) << i;
     }
 
     session([&](frmNotes& f) {
@@ -297,7 +297,7 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
 {
     std::vector<NoteRecord> notes;
     for (const char* name : {"A", "B", "C", "D"})
-        notes.push_back(Note(name, QStringLiteral("about ") + name, NoteRow{1, 1}));
+        notes.push_back({NoteRow{1, 1}, name, QStringLiteral("about ") + name});
     WriteNotesFile(notesFile(), notes);
     const struct {
         int row;
@@ -333,10 +333,10 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
 TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRestLoads)
 {
     WriteNotesFile(notesFile(),
-                   {Note("Gym", "", {1, 2, 2, 5, 2026, 5, 30, 1}),
+                   {{{1, 2, 2, 5, 2026, 5, 30, 1}, "Gym", ""},
                     // A Daily note keeps the month that the list held when it was saved.
-                    Note("Pills", "Two", {1, 1, 10, 3, 2025, 7, 45, 1}),
-                    Note("Broken", "Three", {1, 7, 0, 4, 2024, 12, 10, 2})});
+                    {{1, 1, 10, 3, 2025, 7, 45, 1}, "Pills", "Two"},
+                    {{1, 7, 0, 4, 2024, 12, 10, 2}, "Broken", "Three"}});
     const Shown error = {BoxIcon::Critical, BoxButtons::OK, "Notes File Error",
                          "Error in your Notes file. To start a new one, delete '" + notesFile() +
                              "'"};

@@ -27,12 +27,12 @@ TEST(NoteRecordTest, RecordsMatchTheirBytesOnDiskBothWays)
         QByteArray bytes;
     } cases[] = {
         {"full-width fields with nothing after them",
-         Note(QString(50, 'n'), QString(500, 't'), once),
+         NoteRecord{once, QString(50, 'n'), QString(500, 't')},
          QByteArray(50, 'n') + QByteArray(500, 't') + onceIn1998},
         {"line breaks kept inside the text",
-         Note("Dentist", "Line one\r\nLine two\r\n\r\nEnd", {2, -1, -32768, 32767, 0, 0, 0, 0}),
+         {{2, -1, -32768, 32767, 0, 0, 0, 0}, "Dentist", "Line one\r\nLine two\r\n\r\nEnd"},
          field("Dentist", 50) + field("Line one\r\nLine two\r\n\r\nEnd", 500) + extremes},
-        {"the single-byte code page", Note("Café – naïve €", "Grüß Gott", once),
+        {"the single-byte code page", NoteRecord{once, "Café – naïve €", "Grüß Gott"},
          field("Caf\xe9 \x96 na\xefve \x80", 50) + field("Gr\xfc\xdf Gott", 500) + onceIn1998},
     };
     for (const auto& c : cases) {
@@ -48,8 +48,8 @@ TEST(NotesFileTest, AShortLastRecordIsFilledOrDropped)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath("Notes.cfg");
-    const std::vector<NoteRecord> whole = {Note("One", "first", {1, 1}),
-                                           Note("Two", "second", {0, 3, 0, 9})};
+    const std::vector<NoteRecord> whole = {{{1, 1}, "One", "first"},
+                                           {{0, 3, 0, 9}, "Two", "second"}};
     for (const int extra : {300, 200}) {
         WriteNotesFile(path, whole);
         QFile file(path);
@@ -58,7 +58,7 @@ TEST(NotesFileTest, AShortLastRecordIsFilledOrDropped)
         file.close();
         std::vector<NoteRecord> read = whole;
         if (extra == 300)
-            read.push_back(Note("Three", "", {}));
+            read.push_back({{}, "Three", ""});
         EXPECT_EQ(ReadNotesFile(path), read) << extra;
     }
 }
@@ -104,7 +104,7 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
         unopenable();
         fp.dialogs.onBox = [&](const fakes::Box&) {
             QDir(notesFile()).removeRecursively();
-            write({Note("a", "", on)})();
+            write({{on, "a", ""}})();
         };
     };
     const QString cannotOpen = "Cannot Open " + notesFile();
@@ -125,8 +125,8 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
     } cases[] = {
         {"no file", [] {}, {{}}, false},
         {"empty", [this] { writeBytes(0); }, {{}}, false},
-        {"no 1", write({Note("a", "", off), Note("b", "", two)}), {{}, off, two}, false},
-        {"a 1 last", write({Note("a", "", two), Note("b", "x", on)}), {{}, two, on}, true},
+        {"no 1", write({{off, "a", ""}, {two, "b", ""}}), {{}, off, two}, false},
+        {"a 1 last", write({{two, "a", ""}, {on, "b", "x"}}), {{}, two, on}, true},
         {"Cancel", unopenable, {{}}, false, {BoxAnswer::Cancel}, {retry, notLoaded}},
         {"Retry", mendedOnRetry, {{}, on}, true, {BoxAnswer::Retry}, {retry}},
         {"over 32767 records", [this] { writeBytes(32768LL * 566); }, {{}}, false, {}, {overflow}},

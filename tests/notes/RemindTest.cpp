@@ -111,9 +111,9 @@ TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
 {
     const QDate today(2026, 11, 22);
     const std::vector<NoteRecord> records = {
-        Note("Due now", "a", Reminder(Daily, 14, 25)),
-        Note("Also due now", "b", Reminder(Once, 14, 25, 10, 22, 2026)),
-        Note("Due next minute", "c", Reminder(Yearly, 14, 26, 10, 22)),
+        {Reminder(Daily, 14, 25), "Due now", "a"},
+        {Reminder(Once, 14, 25, 10, 22, 2026), "Also due now", "b"},
+        {Reminder(Yearly, 14, 26, 10, 22), "Due next minute", "c"},
     };
     const QStringList both = {"Due now", "Also due now"};
     const QDateTime nextMinute = At(today, 14, 26, 10);
@@ -154,8 +154,8 @@ TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
     const QDate sunday(2026, 11, 22);
     for (const bool closedInTime : {true, false}) {
         SCOPED_TRACE(closedInTime ? "closed within the minute" : "closed after the minute");
-        notes({Note("Weekly", "w", Reminder(Weekly, 14, 25, 0)),
-               Note("Daily", "d", Reminder(Daily, 14, 25))});
+        notes({{Reminder(Weekly, 14, 25, 0), "Weekly", "w"},
+               {Reminder(Daily, 14, 25), "Daily", "d"}});
         fp.clock.now = At(sunday, 14, 25);
         shown.clear();
 
@@ -182,8 +182,8 @@ class frmRemindTest : public NotesFixture
 protected:
     frmRemindTest()
     {
-        notes({Note("Dentist", "Bring the card", Reminder(1, 14, 25)),
-               Note("Bins", "Blue ones", Reminder(1, 14, 25))});
+        notes({{Reminder(1, 14, 25), "Dentist", "Bring the card"},
+               {Reminder(1, 14, 25), "Bins", "Blue ones"}});
         // Hidden, so that what the reminder does to show the character can be seen.
         character().visible = false;
         fp.agent->calls.clear();
@@ -291,7 +291,7 @@ TEST_F(frmRemindTest, ARecordThatIsNotThereClosesTheWindowWithABox)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        notes({Note("Dentist", "Bring the card", Reminder(1, 14, 25))});
+        notes({{Reminder(1, 14, 25), "Dentist", "Bring the card"}});
         if (c.number == "1")
             QFile::remove(notesFile());
         c.setup();

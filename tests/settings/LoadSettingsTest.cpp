@@ -47,20 +47,17 @@ TEST(LoadSettingsTest, FirstRunOnAnEmptyStore)
 
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(
-        std::tuple(box.icon, box.buttons, box.title, box.text),
-        std::tuple(platform::BoxIcon::Information, platform::BoxButtons::OK,
-                   "Please select a character..",
-                   "This is your first time to run Quorl. Please select a character to be used."));
+    EXPECT_EQ(std::tuple(box.icon, box.buttons, box.title),
+              std::tuple(platform::BoxIcon::Information, platform::BoxButtons::OK,
+                         "Please select a character.."));
+    EXPECT_EQ(box.text,
+              "This is your first time to run Quorl. Please select a character to be used.");
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
     EXPECT_EQ(fp.dialogs.fileRequests[0].title, "Open Character..");
 
-    const std::pair<QString, QString> values[] = {{"Character", "/chars/pip.acs"},
-                                                  {"Pitch", "120"},
-                                                  {"Speed", "160"},
-                                                  {"Volume", "65535"},
-                                                  {"X", "0"},
-                                                  {"Y", "0"}};
+    const std::pair<QString, QString> values[] = {
+        {"Pitch", "120"}, {"Speed", "160"}, {"Volume", "65535"},
+        {"X", "0"},       {"Y", "0"},       {"Character", "/chars/pip.acs"}};
     for (const auto& [name, value] : values)
         EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
     EXPECT_TRUE(fp.tray.shown);
