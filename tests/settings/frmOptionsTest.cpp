@@ -377,10 +377,9 @@ TEST_F(frmOptionsTest, EveryControlIsReachedByKeysAndNamed)
     open(0, [&](frmOptions& form) {
         form.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-        QSet<QString> names;
-        int controls = 0;
         form.txtChar->setFocus();
         EXPECT_TRUE(QTest::qWaitFor([&] { return form.txtChar->selectedText() == Pip; }));
+        QStringList names;
         for (int tab = 0; tab < 5; ++tab) {
             EXPECT_EQ(form.SSTab1->currentIndex(), tab);
             QSet<QWidget*> reached;
@@ -388,27 +387,26 @@ TEST_F(frmOptionsTest, EveryControlIsReachedByKeysAndNamed)
                 reached << QApplication::focusWidget();
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             }
-            QWidget* page = form.SSTab1->currentWidget();
             QWidget* first = nullptr;
-            for (QWidget* w : page->findChildren<QWidget*>()) {
-                if (w->focusPolicy() == Qt::NoFocus || !w->isVisible())
+            for (QWidget* w : form.SSTab1->currentWidget()->findChildren<QWidget*>()) {
+                // The arrow keys move within a group of options.
+                auto* option = qobject_cast<QRadioButton*>(w);
+                if (w->focusPolicy() == Qt::NoFocus || !w->isVisible() ||
+                    (option && !option->isChecked()))
                     continue;
-                if (qobject_cast<QRadioButton*>(w) && !static_cast<QRadioButton*>(w)->isChecked())
-                    continue; // the arrow keys move within the group
                 EXPECT_TRUE(reached.contains(w)) << w->accessibleName().toStdString();
-                EXPECT_FALSE(w->accessibleName().isEmpty());
                 names << w->accessibleName();
-                ++controls;
-                if (!first)
-                    first = w;
+                first = first ? first : w;
             }
             ASSERT_TRUE(first);
             first->setFocus();
             QTest::keyClick(first, Qt::Key_Tab, Qt::ControlModifier);
         }
+        // The option reached is named twice.
         for (QRadioButton* option : form.optGreet)
             names << option->accessibleName();
-        EXPECT_EQ(names.size(), controls + 3);
+        EXPECT_FALSE(names.contains(QString()));
+        EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size() - 1);
         form.cmdCancel->click();
     });
 }
