@@ -145,7 +145,7 @@ protected:
     }
 };
 
-TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRests)
+TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeAndTheKeyboardReachesEveryControl)
 {
     form().RemindTimer->start();
     form().mnuViewTop->setChecked(true);
@@ -161,10 +161,25 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
             EXPECT_TRUE(f.Frame1->isEnabled());
             EXPECT_FALSE(f.cmdChange->isEnabled());
             EXPECT_FALSE(f.cmdDel->isEnabled());
+            EXPECT_EQ(QApplication::focusWidget(), f.txtName);
             // The note's field holds 500 bytes, a line end taking two.
             type(f.txtNote, QString(499, 'a') + "\nbc");
             EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
-            click(f.cmdClose);
+            type(f.txtName, "Walk");
+            QTest::keyClick(&f, Qt::Key_A, Qt::AltModifier);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return f.List1->count() == 1; }));
+            QStringList names;
+            for (int i = 0; i < 16; ++i) {
+                leave();
+                names << QApplication::focusWidget()->accessibleName();
+            }
+            EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often",
+                                          "On", "Day:", "Year:", "Time hour", "Time minute",
+                                          "AM or PM", "When the reminder comes", "Add", "Change",
+                                          "Remove", "Close", "Note or Reminder Name:"}));
+            EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+            QTest::keyClick(&f, Qt::Key_C, Qt::AltModifier);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !f.isVisible(); }));
         },
         "Notes");
     EXPECT_EQ(fp.modalWindows, QStringList{"frmNotes"});
@@ -172,34 +187,8 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
     EXPECT_EQ(app.ModalOpen, 0);
     EXPECT_TRUE(character().Commands().Visible());
     EXPECT_TRUE(app.OnTop);
-    EXPECT_FALSE(QFile::exists(notesFile()));
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
-
-TEST_F(FrmNotesTest, TheKeyboardAloneReachesEveryControlByItsName)
-{
-    session([&](frmNotes& f) {
-        EXPECT_EQ(QApplication::focusWidget(), f.txtName);
-        QTest::keyClick(f.txtName, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(f.txtName, "Walk");
-        QTest::keyClick(&f, Qt::Key_A, Qt::AltModifier);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return f.List1->count() == 1; }));
-
-        QStringList names;
-        for (int i = 0; i < 16; ++i) {
-            leave();
-            names << QApplication::focusWidget()->accessibleName();
-        }
-        EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often", "On",
-                                      "Day:", "Year:", "Time hour", "Time minute", "AM or PM",
-                                      "When the reminder comes", "Add", "Change", "Remove", "Close",
-                                      "Note or Reminder Name:"}));
-        EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
-
-        QTest::keyClick(&f, Qt::Key_C, Qt::AltModifier);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !f.isVisible(); }));
-    });
     EXPECT_EQ(QFile(notesFile()).size(), 566);
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
 TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndComeBack)
