@@ -61,18 +61,14 @@ TEST(ReminderDueTest, AYearMinuteByMinuteFiresWhatTheCalendarSays)
     constexpr int year = 2028;
     std::mt19937 random(2028);
     const auto pick = [&random](int low, int high) {
-        return std::uniform_int_distribution<int>(low, high)(random);
+        return std::int16_t(std::uniform_int_distribution<int>(low, high)(random));
     };
+    // A braced list is evaluated in order.
     std::vector<NoteRow> rows(1000);
     for (NoteRow& row : rows) {
-        row.Remind = std::int16_t(pick(0, 3) == 0 ? pick(-1, 2) : 1);
-        row.Kind = std::int16_t(pick(-1, 5));
-        row.Every = std::int16_t(pick(-1, 12));
-        row.Day = std::int16_t(pick(0, 32));
-        row.Year = std::int16_t(pick(year - 1, year + 1));
-        row.HourIndex = std::int16_t(pick(0, 11));
-        row.MinuteIndex = std::int16_t(pick(-1, 60));
-        row.AmPm = std::int16_t(pick(0, 1));
+        const std::int16_t remind = pick(0, 3) == 0 ? pick(-1, 2) : 1;
+        row = {remind,      pick(-1, 5),  pick(-1, 12), pick(0, 32), pick(year - 1, year + 1),
+               pick(0, 11), pick(-1, 60), pick(0, 1)};
     }
     std::set<std::pair<QDateTime, std::size_t>> expected, fired;
     for (QDate day(year, 1, 1); day.year() == year; day = day.addDays(1))

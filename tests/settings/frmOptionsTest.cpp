@@ -201,8 +201,7 @@ TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
         {"TimeGreeting", "1"}, {"GreetingText", " "},
         {"EnNotes", "0"},      {"NoteDate", "0"},
         {"ReminderText", " "}, {"SaveSettings", "True"},
-        {"Animate", "0"},      {"TimeCmd", "Tell me the time"},
-    };
+        {"Animate", "0"},      {"TimeCmd", "Tell me the time"}};
     for (const auto& [name, value] : values)
         EXPECT_EQ(stored(name), value) << name;
     EXPECT_EQ(voiceOf("Time"), "Tell me the time");
