@@ -101,7 +101,7 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
     EXPECT_EQ(t.stored("WinY"), "600");
 }
 
-TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueSetsItsControl)
+TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
 {
     const SettingsRun t;
     const std::pair<QString, QString> defaults[] = {
@@ -117,12 +117,14 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueSetsItsControl)
     EXPECT_TRUE(t.app.MainForm->txtIgnore->isEnabled());
     EXPECT_EQ(t.app.ModalOpen, 0);
 
-    const SettingsRun u({{"SaveSettings", "true"},
-                         {"Whisper", "1"},
-                         {"Balloon", "2"},
-                         {"Ignore", "0"},
-                         {"IgnoreText", "#"},
-                         {"Animate", "1"}});
+    // A bare character file name is looked for in the data folder.
+    const std::map<QString, QString> values = {
+        {"SaveSettings", "true"}, {"Whisper", "1"}, {"Balloon", "2"},        {"Ignore", "0"},
+        {"IgnoreText", "#"},      {"Animate", "1"}, {"Character", "pip.acs"}};
+    const SettingsRun u(values);
+    EXPECT_TRUE(u.fp.agent->calls.contains("Load(G,/data/quorl/pip.acs)"));
+    EXPECT_EQ(u.stored("Character"), "/data/quorl/pip.acs");
+    EXPECT_TRUE(u.fp.dialogs.boxes.empty());
     const frmMain& f = *u.app.MainForm;
     EXPECT_FALSE(f.mnuFileSave->isChecked()) << "only \"True\" exactly is true";
     EXPECT_TRUE(f.chkWhisper->isChecked());
@@ -139,14 +141,6 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueSetsItsControl)
         EXPECT_EQ(v.app.MainForm->mnuViewVoice->isChecked(), view == "True");
         EXPECT_EQ(v.app.MainForm->Frame1->isHidden(), view != "True");
     }
-}
-
-TEST(LoadSettingsTest, BareFileNameIsLookedForInTheDataFolder)
-{
-    const SettingsRun t(std::map<QString, QString>{{"Character", "pip.acs"}});
-    EXPECT_TRUE(t.fp.agent->calls.contains("Load(G,/data/quorl/pip.acs)"));
-    EXPECT_EQ(t.stored("Character"), "/data/quorl/pip.acs");
-    EXPECT_TRUE(t.fp.dialogs.boxes.empty());
 }
 
 TEST(LoadSettingsTest, StoredVoiceWinsOverTheCharactersUnlessOneValueIsMissing)
