@@ -119,8 +119,9 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
 
     // A bare character file name is looked for in the data folder.
     const std::map<QString, QString> values = {
-        {"SaveSettings", "true"}, {"Whisper", "1"}, {"Balloon", "2"},        {"Ignore", "0"},
-        {"IgnoreText", "#"},      {"Animate", "1"}, {"Character", "pip.acs"}};
+        {"SaveSettings", "true"}, {"Whisper", "1"},  {"Balloon", "2"},         {"Ignore", "0"},
+        {"IgnoreText", "#"},      {"Animate", "1"},  {"Character", "pip.acs"}, {"Pitch", "200"},
+        {"Speed", "90"},          {"Volume", "3000"}};
     const SettingsRun u(values);
     EXPECT_TRUE(u.fp.agent->calls.contains("Load(G,/data/quorl/pip.acs)"));
     EXPECT_EQ(u.stored("Character"), "/data/quorl/pip.acs");
@@ -135,6 +136,13 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
     EXPECT_FALSE(f.txtIgnore->isEnabled());
     EXPECT_FALSE(f.txtIgnore1->isEnabled());
     EXPECT_EQ(u.app.AnimateRead, "1");
+    // The stored voice wins over the character's.
+    EXPECT_EQ(f.sdrPitch->value(), 200);
+    EXPECT_EQ(f.sdrSpeed->value(), 90);
+    EXPECT_EQ(f.sdrVolume->value(), 3000);
+    EXPECT_EQ(u.tags(), R"(\pit=200\\spd=90\\vol=3000\)");
+    EXPECT_EQ(u.stored("Pitch"), "200");
+    EXPECT_EQ(u.stored("Speed"), "90");
 
     for (const QString view : {"True", "False", "0"}) {
         const SettingsRun v(std::map<QString, QString>{{"ViewVoiceSettings", view}});
@@ -143,17 +151,8 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
     }
 }
 
-TEST(LoadSettingsTest, StoredVoiceWinsOverTheCharactersUnlessOneValueIsMissing)
+TEST(LoadSettingsTest, AMissingVoiceValueResetsTheSlidersReadBeforeIt)
 {
-    const SettingsRun all({{"Pitch", "200"}, {"Speed", "90"}, {"Volume", "3000"}});
-    EXPECT_EQ(all.app.MainForm->sdrPitch->value(), 200);
-    EXPECT_EQ(all.app.MainForm->sdrSpeed->value(), 90);
-    EXPECT_EQ(all.app.MainForm->sdrVolume->value(), 3000);
-    EXPECT_EQ(all.tags(), R"(\pit=200\\spd=90\\vol=3000\)");
-    EXPECT_EQ(all.stored("Pitch"), "200");
-    EXPECT_EQ(all.stored("Speed"), "90");
-
-    // The defaults for the missing speed reset the sliders read before it.
     const SettingsRun some({{"Pitch", "200"}, {"Volume", "3000"}});
     EXPECT_EQ(some.app.MainForm->sdrPitch->value(), 120);
     EXPECT_EQ(some.app.MainForm->sdrSpeed->value(), 160);
