@@ -108,8 +108,7 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
         };
     };
     const QString cannotOpen = "Cannot Open " + notesFile();
-    // Box texts up to their first line end; the system's own reason for an open that failed is
-    // left out.
+    // Box texts up to their first line end, without the system's reason for a failed open.
     using Shown = std::tuple<BoxIcon, BoxButtons, QString, QString>;
     const Shown retry = {BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}},
                 notLoaded = {BoxIcon::Warning, BoxButtons::OK, "Notes File",

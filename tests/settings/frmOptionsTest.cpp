@@ -115,9 +115,8 @@ TEST_F(frmOptionsTest, AGreetingOutOfRangeIsReportedAndLoadingGoesOn)
     EXPECT_TRUE(fp.dialogs.boxes[0].text.contains("( Unknown ( 7 ) 340"));
 }
 
-// An empty box stops OK before anything is stored or applied: the character box on the tab in
-// front, a voice box on the commands tab, the first in the order date, time, shut down, notes,
-// clip board, restart.
+// An empty box stops OK before anything is stored or applied: the character box first, then the
+// voice boxes in the order date, time, shut down, notes, clip board, restart.
 TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
 {
     using F = frmOptions;
@@ -223,9 +222,8 @@ TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
     });
 }
 
-// OK reloads the character only when the path differs in any letter, rebuilds its command list
-// with the applications at the end and tries the reading animation. Cancel in the box of a
-// failed reload leaves no character; OK then reports what fails, stores the rest and closes.
+// OK reloads the character for a path that differs in any letter. Cancel in the box of a failed
+// reload leaves no character; OK then reports what fails, stores the rest and closes.
 TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
 {
     const QString broken = "/chars/broken.acs";
