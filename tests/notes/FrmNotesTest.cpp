@@ -247,9 +247,7 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
     const QStringList three = {"Tea", "tea", "Milk"};
     const struct {
         QPushButton* frmNotes::*button;
-        QString name;
-        QString title; // null: no box
-        QString text;
+        QString name, title, text; // a null title: no box
         QStringList list;
     } steps[] = {
         {&frmNotes::cmdNew, "Tea", {}, {}, {"Tea"}},
@@ -348,9 +346,7 @@ TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRest
 TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
 {
     const struct {
-        QString script;
-        QString box;
-        QString text;
+        QString script, box, text;
         bool selected; // the text stands selected, for the next key to replace
         int beeps;
         QString review; // null: not looked at

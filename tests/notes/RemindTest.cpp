@@ -276,9 +276,7 @@ TEST_F(frmRemindTest, ARecordThatIsNotThereClosesTheWindowWithABox)
     const struct {
         const char* what;
         std::function<void()> setup;
-        QString number;
-        QString title;
-        QString text;
+        QString number, title, text;
     } cases[] = {
         {"unopenable", [&] { QDir().mkdir(notesFile()); }, "1", "Unknown Error",
          "( Unknown ( 9 ) 75, Quorl)"},

@@ -337,8 +337,7 @@ TEST_F(frmOptionsTest, CallersOpenItOnTheirTab)
 {
     const struct {
         std::function<void()> call;
-        int tab;
-        int frames;
+        int tab, frames;
     } cases[] = {
         {[&] { app.MainForm->mnuFileOptions->trigger(); }, 0, 1},
         {[&] { app.MainForm->cmdOptions->click(); }, 0, 1},
