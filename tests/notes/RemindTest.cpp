@@ -21,6 +21,9 @@ namespace
 
 enum { Once, Daily, Weekly, Monthly, Yearly };
 
+// The day on which the fake clock stands.
+const QDate Sunday(2026, 11, 22);
+
 QDateTime At(const QDate& date, int hour, int minute, int second = 0)
 {
     return QDateTime(date, QTime(hour, minute, second), Qt::UTC);
@@ -105,14 +108,13 @@ protected:
 
 TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
 {
-    const QDate today(2026, 11, 22);
     const std::vector<NoteRecord> records = {
         {Reminder(Daily, 14, 25), "Due now", "a"},
         {Reminder(Once, 14, 25, 10, 22, 2026), "Also due now", "b"},
         {Reminder(Yearly, 14, 26, 10, 22), "Due next minute", "c"},
     };
     const QStringList both = {"Due now", "Also due now"};
-    const QDateTime nextMinute = At(today, 14, 26, 10);
+    const QDateTime nextMinute = At(Sunday, 14, 26, 10);
     const struct {
         const char* what;
         std::function<void()> onFirstWindow;
@@ -120,15 +122,13 @@ TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
     } cases[] = {
         {"closed within the minute", nullptr, both},
         {"a tick meanwhile changes nothing", [&] { RemindTimer_Timer(app); }, both},
-        {"held into the next minute",
-         [&] { fp.clock.now = nextMinute; },
-         {"Due now", "Due next minute"}},
+        {"held a minute", [&] { fp.clock.now = nextMinute; }, {"Due now", "Due next minute"}},
         {"the table replaced meanwhile", [&] { notes({records[0]}); }, {"Due now"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         notes(records);
-        fp.clock.now = At(today, 14, 25, 30);
+        fp.clock.now = At(Sunday, 14, 25, 30);
         shown.clear();
         onFirstWindow = c.onFirstWindow;
         RemindTimer_Timer(app);
@@ -147,12 +147,11 @@ TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
     other.setModal(true);
     other.show();
     ASSERT_EQ(QApplication::activeModalWidget(), &other);
-    const QDate sunday(2026, 11, 22);
     for (const bool closedInTime : {true, false}) {
         SCOPED_TRACE(closedInTime ? "closed within the minute" : "closed after the minute");
         notes({{Reminder(Weekly, 14, 25, 0), "Weekly", "w"},
                {Reminder(Daily, 14, 25), "Daily", "d"}});
-        fp.clock.now = At(sunday, 14, 25);
+        fp.clock.now = At(Sunday, 14, 25);
         shown.clear();
 
         RemindTimer_Timer(app);
@@ -164,7 +163,7 @@ TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
         EXPECT_EQ(app.WaitingReminders, std::vector<int>{2});
 
         if (!closedInTime)
-            fp.clock.now = At(sunday, 14, 26);
+            fp.clock.now = At(Sunday, 14, 26);
         RemindForm(app)->cmdClose->click();
         QTRY_VERIFY(app.WaitingReminders.empty());
         EXPECT_EQ(shown, closedInTime ? QStringList{"Daily"} : QStringList{});
