@@ -1,9 +1,7 @@
 #include "notes/frmNotes.h"
 
-#include "core/App.h"
 #include "core/frmMain.h"
-#include "fakes/LoadedProgram.h"
-#include "notes/NotesFile.h"
+#include "notes/NotesFixture.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -11,7 +9,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,19 +16,9 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QtEndian>
-#include <array>
-#include <gtest/gtest.h>
 #include <map>
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace
 {
@@ -51,11 +38,18 @@ QStringList shown(const frmNotes& f)
         f.ListAm->currentText(), f.LabelReview->text()};
 }
 
+std::map<QString, QWidget*> boxes(const frmNotes& f)
+{
+    return {{"Name", f.txtName}, {"Note", f.txtNote},    {"Remind", f.chkRemind},
+            {"Kind", f.ListOn},  {"Every", f.ListEvery}, {"Day", f.txtDay},
+            {"Year", f.txtYear}, {"Hour", f.ListHour},   {"Minute", f.ListMin},
+            {"Am", f.ListAm}};
+}
+
 QLineEdit* lineEditOf(QWidget* box)
 {
-    if (auto* list = qobject_cast<QComboBox*>(box))
-        return list->lineEdit();
-    return qobject_cast<QLineEdit*>(box);
+    auto* list = qobject_cast<QComboBox*>(box);
+    return list ? list->lineEdit() : qobject_cast<QLineEdit*>(box);
 }
 
 void leave()
@@ -70,47 +64,33 @@ void type(QWidget* box, const QString& keys)
         leave();
     box->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(QTest::qWaitFor([box] { return box->hasFocus(); }));
-    if (auto* note = qobject_cast<QPlainTextEdit*>(box)) {
-        QTest::keyClick(note, Qt::Key_A, Qt::ControlModifier);
-    } else {
-        QLineEdit* edit = lineEditOf(box);
+    if (QLineEdit* edit = lineEditOf(box)) {
         ASSERT_TRUE(QTest::qWaitFor([edit] { return edit->selectedText() == edit->text(); }));
+    } else {
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     }
-    const QStringList lines = keys.split('\n');
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (i > 0)
-            QTest::keyClick(box, Qt::Key_Return);
-        QTest::keyClicks(box, lines[i]);
-    }
+    QTest::keyClicks(box, QString(keys).replace('\n', '\r'));
 }
 
-// Picks an entry of a list by typing its name, as the keyboard search does.
-void pick(QComboBox* list, const QString& entry)
-{
-    // A new search, not the continuation of the last one typed a moment ago.
-    list->view()->keyboardSearch(QString());
-    QTest::keyClicks(list, entry);
-    EXPECT_EQ(list->currentText(), entry);
-}
-
-// Runs actions separated by ";": "Box=keys" types or picks and leaves the box, "Box~keys" types
-// and stays, "Remind=" turns the check box over.
+// Runs actions separated by ";": "Box=keys" types, or picks by the keyboard search, and leaves
+// the box, "Box~keys" types and stays, "Remind=" turns the check box over.
 void run(frmNotes& f, const QString& script)
 {
-    const std::map<QString, QWidget*> boxes = {
-        {"Name", f.txtName},    {"Note", f.txtNote}, {"Remind", f.chkRemind}, {"Kind", f.ListOn},
-        {"Every", f.ListEvery}, {"Day", f.txtDay},   {"Year", f.txtYear},     {"Hour", f.ListHour},
-        {"Minute", f.ListMin},  {"Am", f.ListAm}};
     for (const QString& action : script.split(';')) {
         const qsizetype mark = std::max(action.indexOf('='), action.indexOf('~'));
-        QWidget* box = boxes.at(action.left(mark));
+        QWidget* box = boxes(f).at(action.left(mark));
         const QString keys = action.mid(mark + 1);
-        if (box == f.chkRemind)
+        auto* list = qobject_cast<QComboBox*>(box);
+        if (box == f.chkRemind) {
             QTest::keyClick(box, Qt::Key_Space);
-        else if (auto* list = qobject_cast<QComboBox*>(box); list && !list->isEditable())
-            pick(list, keys);
-        else
+        } else if (list && !list->isEditable()) {
+            // A new search, not the continuation of the last one typed a moment ago.
+            list->view()->keyboardSearch(QString());
+            QTest::keyClicks(list, keys);
+            EXPECT_EQ(list->currentText(), keys);
+        } else {
             type(box, keys);
+        }
         if (action[mark] == '=')
             leave();
     }
@@ -135,32 +115,18 @@ QStringList entries(const QListWidget* list)
     return texts;
 }
 
-auto box(const fakes::Box& b)
+using Shown = std::tuple<BoxIcon, BoxButtons, QString, QString>;
+std::vector<Shown> shownBoxes(const std::vector<fakes::Box>& boxes)
 {
-    return std::tuple(b.icon, b.buttons, b.title, b.text);
+    std::vector<Shown> shown;
+    for (const fakes::Box& b : boxes)
+        shown.emplace_back(b.icon, b.buttons, b.title, b.text);
+    return shown;
 }
 
-NoteRecord note(const QString& name, const QString& text, NoteRow row)
-{
-    NoteRecord record;
-    static_cast<NoteRow&>(record) = row;
-    record.NoteName = name;
-    record.NoteText = text;
-    return record;
-}
-
-class FrmNotesTest : public testing::Test, protected fakes::LoadedProgram
+class FrmNotesTest : public NotesFixture
 {
 protected:
-    FrmNotesTest()
-    {
-        app.AppPath = dir.path();
-        // A Sunday afternoon.
-        fp.clock.now = QDateTime(QDate(2026, 11, 22), QTime(14, 25));
-    }
-
-    QString notesFile() const { return NotesFilePath(app.AppPath); }
-
     // Opens the window from the menu, or by the command, and runs the script while it is up.
     void session(const std::function<void(frmNotes&)>& script, const QString& command = {})
     {
@@ -177,11 +143,9 @@ protected:
             app.Events->Agent1_Command({command});
         fp.onModal = nullptr;
     }
-
-    QTemporaryDir dir;
 };
 
-TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRests)
+TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeAndTheKeyboardReachesEveryControl)
 {
     form().RemindTimer->start();
     form().mnuViewTop->setChecked(true);
@@ -197,10 +161,25 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
             EXPECT_TRUE(f.Frame1->isEnabled());
             EXPECT_FALSE(f.cmdChange->isEnabled());
             EXPECT_FALSE(f.cmdDel->isEnabled());
+            EXPECT_EQ(QApplication::focusWidget(), f.txtName);
             // The note's field holds 500 bytes, a line end taking two.
             type(f.txtNote, QString(499, 'a') + "\nbc");
             EXPECT_EQ(f.txtNote->toPlainText(), QString(499, 'a') + 'b');
-            click(f.cmdClose);
+            type(f.txtName, "Walk");
+            QTest::keyClick(&f, Qt::Key_A, Qt::AltModifier);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return f.List1->count() == 1; }));
+            QStringList names;
+            for (int i = 0; i < 16; ++i) {
+                leave();
+                names << QApplication::focusWidget()->accessibleName();
+            }
+            EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often",
+                                          "On", "Day:", "Year:", "Time hour", "Time minute",
+                                          "AM or PM", "When the reminder comes", "Add", "Change",
+                                          "Remove", "Close", "Note or Reminder Name:"}));
+            EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
+            QTest::keyClick(&f, Qt::Key_C, Qt::AltModifier);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !f.isVisible(); }));
         },
         "Notes");
     EXPECT_EQ(fp.modalWindows, QStringList{"frmNotes"});
@@ -208,34 +187,8 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeWhileTheSchedulerRest
     EXPECT_EQ(app.ModalOpen, 0);
     EXPECT_TRUE(character().Commands().Visible());
     EXPECT_TRUE(app.OnTop);
-    EXPECT_FALSE(QFile::exists(notesFile()));
-    EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
-
-TEST_F(FrmNotesTest, TheKeyboardAloneReachesEveryControlByItsName)
-{
-    session([&](frmNotes& f) {
-        EXPECT_EQ(QApplication::focusWidget(), f.txtName);
-        QTest::keyClick(f.txtName, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(f.txtName, "Walk");
-        QTest::keyClick(&f, Qt::Key_A, Qt::AltModifier);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return f.List1->count() == 1; }));
-
-        QStringList names;
-        for (int i = 0; i < 16; ++i) {
-            leave();
-            names << QApplication::focusWidget()->accessibleName();
-        }
-        EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often", "On",
-                                      "Day:", "Year:", "Time hour", "Time minute", "AM or PM",
-                                      "When the reminder comes", "Add", "Change", "Remove", "Close",
-                                      "Note or Reminder Name:"}));
-        EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size());
-
-        QTest::keyClick(&f, Qt::Key_C, Qt::AltModifier);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !f.isVisible(); }));
-    });
     EXPECT_EQ(QFile(notesFile()).size(), 566);
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
 }
 
 TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndComeBack)
@@ -243,8 +196,7 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
     const struct {
         QString script;
         QStringList shown;
-        // Remind, Kind, Every, Day, Year, HourIndex, MinuteIndex, AmPm
-        std::array<qint16, 8> numbers;
+        NoteRow row;
     } notes[] = {
         {"Name=Dentist;Note=Call first\nBring "
          "card;Every=March;Day=5;Year=2027;Hour=9;Minute=5;Am=AM",
@@ -270,22 +222,12 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
         click(f.cmdClose);
     });
 
-    QFile file(notesFile());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    ASSERT_EQ(bytes.size(), 3 * 566);
-    for (int i = 0; i < 3; ++i) {
-        SCOPED_TRACE(i);
-        const QByteArray record = bytes.mid(i * 566, 566);
-        EXPECT_EQ(record.left(50), notes[i].shown[0].toLatin1().leftJustified(50, ' '));
+    EXPECT_EQ(QFileInfo(notesFile()).size(), 3 * NoteRecordLayout::Length);
+    const std::vector<NoteRecord> stored = ReadNotesFile(notesFile());
+    for (std::size_t i = 0; i < stored.size(); ++i) {
         // The line end is stored as carriage return and line feed.
-        EXPECT_EQ(
-            record.mid(50, 500),
-            QString(notes[i].shown[1]).replace("\n", "\r\n").toLatin1().leftJustified(500, ' '));
-        for (int k = 0; k < 8; ++k)
-            EXPECT_EQ(qFromLittleEndian<qint16>(record.constData() + 550 + 2 * k),
-                      notes[i].numbers[std::size_t(k)])
-                << "field " << k;
+        const QString text = QString(notes[i].shown[1]).replace("\n", "\r\n");
+        EXPECT_EQ(stored[i], (NoteRecord{notes[i].row, notes[i].shown[0], text})) << i;
     }
 
     session([&](frmNotes& f) {
@@ -305,9 +247,7 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
     const QStringList three = {"Tea", "tea", "Milk"};
     const struct {
         QPushButton* frmNotes::*button;
-        QString name;
-        QString title; // null: no box
-        QString text;
+        QString name, title, text; // a null title: no box
         QStringList list;
     } steps[] = {
         {&frmNotes::cmdNew, "Tea", {}, {}, {"Tea"}},
@@ -328,13 +268,10 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
             fp.dialogs.boxes.clear();
             type(f.txtName, step.name);
             click(f.*step.button);
-            if (step.title.isNull()) {
-                EXPECT_TRUE(fp.dialogs.boxes.empty());
-            } else {
-                ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-                EXPECT_EQ(box(fp.dialogs.boxes[0]),
-                          std::tuple(BoxIcon::Warning, BoxButtons::OK, step.title, step.text));
-            }
+            const std::vector<Shown> box = {
+                {BoxIcon::Warning, BoxButtons::OK, step.title, step.text}};
+            EXPECT_EQ(shownBoxes(fp.dialogs.boxes),
+                      step.title.isNull() ? std::vector<Shown>{} : box);
             EXPECT_EQ(entries(f.List1), step.list);
         }
         EXPECT_EQ(f.WorkingNotes[3].NoteName, QStringLiteral("Oat milk"));
@@ -347,7 +284,7 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
 {
     std::vector<NoteRecord> notes;
     for (const char* name : {"A", "B", "C", "D"})
-        notes.push_back(note(name, QStringLiteral("about ") + name, NoteRow{1, 1}));
+        notes.push_back({NoteRow{1, 1}, name, QStringLiteral("about ") + name});
     WriteNotesFile(notesFile(), notes);
     const struct {
         int row;
@@ -369,9 +306,9 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
             EXPECT_EQ(f.txtName->text(), step.selected);
             EXPECT_EQ(int(f.WorkingNotes.size()), step.list.size() + 1);
         }
-        ASSERT_EQ(fp.dialogs.boxes.size(), std::size(steps));
-        EXPECT_EQ(box(fp.dialogs.boxes[0]),
-                  std::tuple(BoxIcon::Warning, BoxButtons::YesNo, "Confirmation", "Are you sure?"));
+        const Shown confirm = {BoxIcon::Warning, BoxButtons::YesNo, "Confirmation",
+                               "Are you sure?"};
+        EXPECT_EQ(shownBoxes(fp.dialogs.boxes), std::vector(std::size(steps), confirm));
         EXPECT_EQ(f.txtNote->toPlainText(), QString());
         EXPECT_FALSE(f.cmdChange->isEnabled());
         EXPECT_FALSE(f.cmdDel->isEnabled());
@@ -383,48 +320,33 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
 TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRestLoads)
 {
     WriteNotesFile(notesFile(),
-                   {note("Gym", "", {1, 2, 2, 5, 2026, 5, 30, 1}),
+                   {{{1, 2, 2, 5, 2026, 5, 30, 1}, "Gym", ""},
                     // A Daily note keeps the month that the list held when it was saved.
-                    note("Pills", "Two", {1, 1, 10, 3, 2025, 7, 45, 1}),
-                    note("Broken", "Three", {1, 7, 0, 4, 2024, 12, 10, 2})});
-    const QString error = QStringLiteral("Error in your Notes file. To start a new one, delete '") +
-                          notesFile() + QStringLiteral("'");
-    const struct {
-        int row;
-        std::size_t boxes;
-        QStringList shown;
-    } steps[] = {
-        {1,
-         1,
-         {"Pills", "Two", "1", "Daily", "Tuesday", "3", "2025", "08", "45", "PM",
-          "Daily at 08:45 PM"}},
-        // The kind, the hour and AM or PM are bad; the list of weekdays stays.
-        {2,
-         3,
-         {"Broken", "Three", "1", "Daily", "Sunday", "4", "2024", "08", "10", "PM",
-          "Daily at 08:10 PM"}},
-    };
+                    {{1, 1, 10, 3, 2025, 7, 45, 1}, "Pills", "Two"},
+                    {{1, 7, 0, 4, 2024, 12, 10, 2}, "Broken", "Three"}});
+    const Shown error = {BoxIcon::Critical, BoxButtons::OK, "Notes File Error",
+                         "Error in your Notes file. To start a new one, delete '" + notesFile() +
+                             "'"};
     session([&](frmNotes& f) {
         EXPECT_EQ(f.ListEvery->count(), 7);
-        for (const auto& step : steps) {
-            SCOPED_TRACE(step.row);
-            fp.dialogs.boxes.clear();
-            clickEntry(f.List1, step.row);
-            ASSERT_EQ(fp.dialogs.boxes.size(), step.boxes);
-            for (const fakes::Box& b : fp.dialogs.boxes)
-                EXPECT_EQ(box(b),
-                          std::tuple(BoxIcon::Critical, BoxButtons::OK, "Notes File Error", error));
-            EXPECT_EQ(shown(f), step.shown);
-        }
+        fp.dialogs.boxes.clear();
+        clickEntry(f.List1, 1);
+        EXPECT_EQ(shownBoxes(fp.dialogs.boxes), std::vector(1, error));
+        EXPECT_EQ(shown(f), (QStringList{"Pills", "Two", "1", "Daily", "Tuesday", "3", "2025", "08",
+                                         "45", "PM", "Daily at 08:45 PM"}));
+        // The kind, the hour and AM or PM are bad; the list of weekdays stays.
+        fp.dialogs.boxes.clear();
+        clickEntry(f.List1, 2);
+        EXPECT_EQ(shownBoxes(fp.dialogs.boxes), std::vector(3, error));
+        EXPECT_EQ(shown(f), (QStringList{"Broken", "Three", "1", "Daily", "Sunday", "4", "2024",
+                                         "08", "10", "PM", "Daily at 08:10 PM"}));
     });
 }
 
 TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
 {
     const struct {
-        QString script;
-        QString box;
-        QString text;
+        QString script, box, text;
         bool selected; // the text stands selected, for the next key to replace
         int beeps;
         QString review; // null: not looked at
@@ -458,10 +380,7 @@ TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
         const int beeps = fp.dialogs.beeps;
         session([&](frmNotes& f) {
             run(f, c.script);
-            QLineEdit* box = c.box == "Hour"     ? f.ListHour->lineEdit()
-                             : c.box == "Minute" ? f.ListMin->lineEdit()
-                             : c.box == "Day"    ? f.txtDay
-                                                 : f.txtYear;
+            QLineEdit* box = lineEditOf(boxes(f).at(c.box));
             EXPECT_EQ(box->text(), c.text);
             EXPECT_EQ(box->selectedText() == box->text(), c.selected);
             if (!c.review.isNull()) {
@@ -472,63 +391,36 @@ TEST_F(FrmNotesTest, TheScheduleBoxesFilterTypingAndReplaceWhatCannotBe)
     }
 }
 
-TEST_F(FrmNotesTest, AFileOfPartRecordsIsWrittenBackAsWholeRecords)
+// A file that cannot be read keeps the window closed; one that cannot be written offers Retry,
+// and Cancel drops the edits.
+TEST_F(FrmNotesTest, AFileThatCannotBeReadOrWrittenIsNamedInABox)
 {
-    const QByteArray whole = EncodeNoteRecord(note("One", "first", {1, 1})) +
-                             EncodeNoteRecord(note("Two", "second", {0, 3, 0, 9}));
-    const QByteArray tail = QByteArray("Three").leftJustified(300, ' ');
-    const struct {
-        int extra;
-        QByteArray written;
-    } cases[] = {
-        {300, whole + tail.leftJustified(550, ' ') + QByteArray(16, '\0')},
-        {200, whole},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.extra);
-        QFile file(notesFile());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(whole + tail.left(c.extra));
-        file.close();
-        session([&](frmNotes& f) { click(f.cmdClose); });
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.readAll(), c.written);
-        file.close();
-    }
-}
+    const QString unreadable = notesFile(), unwritable = dir.path() + "/missing/Notes.cfg";
+    ASSERT_TRUE(QDir().mkdir(unreadable));
+    form().mnuQuorlReminders->trigger();
+    EXPECT_TRUE(fp.modalWindows.isEmpty());
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(form().RemindTimer->isActive());
 
-TEST_F(FrmNotesTest, AFailedSaveOffersRetryAndCancelDropsTheEdits)
-{
-    app.AppPath = dir.path() + QStringLiteral("/missing");
+    app.AppPath = dir.path() + "/missing";
     fp.dialogs.answers = {BoxAnswer::Retry, BoxAnswer::Cancel};
     session([&](frmNotes& f) {
         click(f.cmdNew);
         click(f.cmdClose);
         EXPECT_FALSE(f.isVisible());
     });
-    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
-    for (const fakes::Box& b : fp.dialogs.boxes) {
-        EXPECT_EQ(
-            std::tuple(b.icon, b.buttons, b.title),
-            std::tuple(BoxIcon::Critical, BoxButtons::RetryCancel, "Cannot Open " + notesFile()));
-    }
+    using Seen = std::tuple<BoxIcon, BoxButtons, QString>;
+    std::vector<Seen> seen;
+    for (const fakes::Box& b : fp.dialogs.boxes)
+        seen.emplace_back(b.icon, b.buttons, b.title);
+    const Seen retry = {BoxIcon::Critical, BoxButtons::RetryCancel, "Cannot Open " + unwritable};
+    EXPECT_EQ(seen,
+              (std::vector<Seen>{
+                  {BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + unreadable}, retry, retry}));
     EXPECT_TRUE(form().RemindTimer->isActive());
     EXPECT_EQ(app.ModalOpen, 0);
     // Only cmdClose brings the command group back.
     EXPECT_FALSE(character().Commands().Visible());
-}
-
-TEST_F(FrmNotesTest, AFileThatCannotBeReadIsNamedAndTheWindowStaysClosed)
-{
-    ASSERT_TRUE(QDir().mkdir(notesFile()));
-    form().mnuQuorlReminders->trigger();
-    EXPECT_TRUE(fp.modalWindows.isEmpty());
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    const fakes::Box& b = fp.dialogs.boxes[0];
-    EXPECT_EQ(std::tuple(b.icon, b.buttons, b.title),
-              std::tuple(BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + notesFile()));
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(form().RemindTimer->isActive());
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "notes/LoadNotes.h"
 
+#include "notes/NoteRecord.h"
+#include "notes/NoteSchedule.h"
 #include "notes/NotesFixture.h"
 
 #include <QDir>
@@ -12,18 +14,74 @@ using platform::BoxAnswer;
 using platform::BoxButtons;
 using platform::BoxIcon;
 
+TEST(NoteRecordTest, RecordsMatchTheirBytesOnDiskBothWays)
+{
+    // The text, then blanks to the width.
+    const auto field = [](const QByteArray& text, int width) { return text.leftJustified(width); };
+    const QByteArray onceIn1998 = QByteArray::fromHex("0100 0000 0b00 1f00 ce07 0b00 3b00 0100");
+    const QByteArray extremes = QByteArray::fromHex("0200 ffff 0080 ff7f 0000 0000 0000 0000");
+    const NoteRow once = {1, 0, 11, 31, 1998, 11, 59, 1};
+    const struct {
+        const char* what;
+        NoteRecord note;
+        QByteArray bytes;
+    } cases[] = {
+        {"full-width fields with nothing after them",
+         NoteRecord{once, QString(50, 'n'), QString(500, 't')},
+         QByteArray(50, 'n') + QByteArray(500, 't') + onceIn1998},
+        {"line breaks kept inside the text",
+         {{2, -1, -32768, 32767, 0, 0, 0, 0}, "Dentist", "Line one\r\nLine two\r\n\r\nEnd"},
+         field("Dentist", 50) + field("Line one\r\nLine two\r\n\r\nEnd", 500) + extremes},
+        {"the single-byte code page", NoteRecord{once, "Café – naïve €", "Grüß Gott"},
+         field("Caf\xe9 \x96 na\xefve \x80", 50) + field("Gr\xfc\xdf Gott", 500) + onceIn1998},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        ASSERT_EQ(c.bytes.size(), NoteRecordLayout::Length);
+        EXPECT_EQ(EncodeNoteRecord(c.note), c.bytes);
+        EXPECT_EQ(DecodeNoteRecord(c.bytes), c.note);
+    }
+}
+
+// Bytes missing from a last record read as blanks and zeros; under half a record is none.
+TEST(NotesFileTest, AShortLastRecordIsFilledOrDropped)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("Notes.cfg");
+    const std::vector<NoteRecord> whole = {{{1, 1}, "One", "first"},
+                                           {{0, 3, 0, 9}, "Two", "second"}};
+    for (const int extra : {300, 200}) {
+        WriteNotesFile(path, whole);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::Append));
+        file.write(QByteArray("Three").leftJustified(extra));
+        file.close();
+        std::vector<NoteRecord> read = whole;
+        if (extra == 300)
+            read.push_back({{}, "Three", ""});
+        EXPECT_EQ(ReadNotesFile(path), read) << extra;
+    }
+}
+
+// The window's tests run at one time of day; these are the hours around midnight and noon.
+TEST(NoteScheduleTest, ThePresentTimeIsShownOnATwelveHourClock)
+{
+    using namespace NoteSchedule;
+    const int hours[][3] = {{0, 11, 0},  {1, 0, 0},  {11, 10, 0},
+                            {12, 11, 1}, {13, 0, 1}, {23, 10, 1}};
+    for (const auto& [hour, hourIndex, amPm] : hours) {
+        SCOPED_TRACE(hour);
+        EXPECT_EQ(HourIndexOf(QTime(hour, 0)), hourIndex);
+        EXPECT_EQ(AmPmIndexOf(QTime(hour, 0)), amPm);
+    }
+    // A minute box whose text is no entry has no position; the sentence shows that as it is.
+    EXPECT_EQ(ReviewTime("12", -1, "PM"), QStringLiteral("12:-01 PM"));
+    EXPECT_EQ(CompletedYear("05"), QStringLiteral("1905"));
+}
+
 class LoadNotesTest : public NotesFixture
 {
 protected:
-    bool timerOn() const { return app.MainForm->RemindTimer->isActive(); }
-
-    // What is left over from an earlier load.
-    void leftOver()
-    {
-        app.NoteTable = {NoteRow{}, Reminder(1, 9, 0)};
-        app.MainForm->RemindTimer->start();
-    }
-
     void writeBytes(qint64 size)
     {
         QFile file(notesFile());
@@ -32,103 +90,67 @@ protected:
     }
 };
 
-TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimer)
+TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveTheTableEmpty)
 {
     const NoteRow on = Reminder(4, 9, 30, 11, 24);
-    NoteRow off = on;
+    NoteRow off = on, two = on;
     off.Remind = 0;
-    NoteRow two = on;
     two.Remind = 2;
+    const auto write = [this](const std::vector<NoteRecord>& records) {
+        return [this, records] { WriteNotesFile(notesFile(), records); };
+    };
+    const auto unopenable = [this] { QDir().mkdir(notesFile()); };
+    const auto mendedOnRetry = [&] {
+        unopenable();
+        fp.dialogs.onBox = [&](const fakes::Box&) {
+            QDir(notesFile()).removeRecursively();
+            write({{on, "a", ""}})();
+        };
+    };
+    const QString cannotOpen = "Cannot Open " + notesFile();
+    // Box texts up to their first line end, without the system's reason for a failed open.
+    using Shown = std::tuple<BoxIcon, BoxButtons, QString, QString>;
+    const Shown retry = {BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}},
+                notLoaded = {BoxIcon::Warning, BoxButtons::OK, "Notes File",
+                             "Notes file has not been loaded"},
+                overflow = {BoxIcon::Critical, BoxButtons::OK, "Unknown Error", "Overflow"};
     const struct {
         const char* what;
         std::function<void()> setup;
         std::vector<NoteRow> table;
         bool timer;
+        std::deque<BoxAnswer> answers = {};
+        std::vector<Shown> boxes = {};
     } cases[] = {
-        {"no file", [] {}, {NoteRow{}}, false},
-        {"an empty file", [&] { writeBytes(0); }, {NoteRow{}}, false},
-        {"no reminder of 1",
-         [&] {
-             WriteNotesFile(notesFile(), {Note("a", "", off), Note("b", "", two)});
-         },
-         {NoteRow{}, off, two},
-         false},
-        {"a reminder of 1 last",
-         [&] {
-             WriteNotesFile(notesFile(), {Note("a", "", two), Note("b", "x", on)});
-         },
-         {NoteRow{}, two, on},
-         true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        QFile::remove(notesFile());
-        c.setup();
-        leftOver();
-        LoadNotes(app);
-        EXPECT_EQ(app.NoteTable, c.table);
-        EXPECT_EQ(timerOn(), c.timer);
-        EXPECT_TRUE(fp.dialogs.boxes.empty());
-    }
-}
-
-TEST_F(LoadNotesTest, FailuresLeaveTheTableEmptyAndTheTimerOff)
-{
-    const QString cannotOpen = QStringLiteral("Cannot Open ") + notesFile();
-    const struct {
-        const char* what;
-        std::function<void()> setup;
-        std::deque<BoxAnswer> answers;
-        std::vector<std::pair<BoxIcon, QString>> boxes;
-    } cases[] = {
-        {"cannot be opened, Cancel",
-         [&] { QDir().mkdir(notesFile()); },
-         {BoxAnswer::Cancel},
-         {{BoxIcon::Critical, cannotOpen}, {BoxIcon::Warning, "Notes File"}}},
-        {"more records than a 16-bit count",
-         [&] { writeBytes(32768LL * 566); },
-         {},
-         {{BoxIcon::Critical, "Unknown Error"}}},
+        {"no file", [] {}, {{}}, false},
+        {"empty", [this] { writeBytes(0); }, {{}}, false},
+        {"no 1", write({{off, "a", ""}, {two, "b", ""}}), {{}, off, two}, false},
+        {"a 1 last", write({{two, "a", ""}, {on, "b", "x"}}), {{}, two, on}, true},
+        {"Cancel", unopenable, {{}}, false, {BoxAnswer::Cancel}, {retry, notLoaded}},
+        {"Retry", mendedOnRetry, {{}, on}, true, {BoxAnswer::Retry}, {retry}},
+        {"over 32767 records", [this] { writeBytes(32768LL * 566); }, {{}}, false, {}, {overflow}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         QDir(notesFile()).removeRecursively();
         QFile::remove(notesFile());
         c.setup();
-        leftOver();
+        // What is left over from an earlier load.
+        app.NoteTable = {NoteRow{}, Reminder(1, 9, 0)};
+        app.MainForm->RemindTimer->start();
         fp.dialogs.boxes.clear();
         fp.dialogs.answers = c.answers;
         LoadNotes(app);
-        EXPECT_EQ(app.NoteTable, std::vector<NoteRow>(1));
-        EXPECT_FALSE(timerOn());
-        ASSERT_EQ(fp.dialogs.boxes.size(), c.boxes.size());
-        for (std::size_t i = 0; i < c.boxes.size(); ++i) {
-            const fakes::Box& box = fp.dialogs.boxes[i];
-            EXPECT_EQ(box.icon, c.boxes[i].first);
-            EXPECT_EQ(box.title, c.boxes[i].second);
-            EXPECT_EQ(box.buttons,
-                      box.title == cannotOpen ? BoxButtons::RetryCancel : BoxButtons::OK);
-            if (box.icon == BoxIcon::Warning) {
-                EXPECT_EQ(box.text, "Notes file has not been loaded");
-            }
-        }
+        fp.dialogs.onBox = nullptr;
+        EXPECT_EQ(app.NoteTable, c.table);
+        EXPECT_EQ(app.MainForm->RemindTimer->isActive(), c.timer);
+        std::vector<Shown> boxes;
+        for (const fakes::Box& b : fp.dialogs.boxes)
+            boxes.emplace_back(b.icon, b.buttons, b.title,
+                               b.title == cannotOpen ? QString() : b.text.section('\r', 0, 0));
+        EXPECT_EQ(boxes, c.boxes);
     }
-    EXPECT_EQ(fp.dialogs.boxes[0].text.left(fp.dialogs.boxes[0].text.indexOf('\r')), "Overflow");
     EXPECT_TRUE(errorBoxes().first().contains("( Unknown ( 8 ) 6, Quorl)"));
-}
-
-TEST_F(LoadNotesTest, RetryLoadsWhatIsThereByThen)
-{
-    QDir().mkdir(notesFile());
-    fp.dialogs.answers = {BoxAnswer::Retry};
-    fp.dialogs.onBox = [&](const fakes::Box&) {
-        QDir(notesFile()).removeRecursively();
-        WriteNotesFile(notesFile(), {Note("a", "", Reminder(1, 9, 0))});
-    };
-    LoadNotes(app);
-    EXPECT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(app.NoteTable.size(), 2u);
-    EXPECT_TRUE(timerOn());
 }
 
 } // namespace

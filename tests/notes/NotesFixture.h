@@ -22,15 +22,6 @@ inline NoteRow Reminder(int kind, int hour, int minute, int every = 0, int day =
     return row;
 }
 
-inline NoteRecord Note(const QString& name, const QString& text, const NoteRow& row)
-{
-    NoteRecord note;
-    static_cast<NoteRow&>(note) = row;
-    note.NoteName = name;
-    note.NoteText = text;
-    return note;
-}
-
 // The loaded program with its data folder in a temporary folder; the fake clock stands at
 // Sunday 22 November 2026, 14:25.
 class NotesFixture : public CharacterFixture, public ::testing::Test

@@ -16,11 +16,6 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
 namespace
 {
 
@@ -47,7 +42,7 @@ TEST(ChangedVoiceTextTest, TheRecogniserHearsTheNewPhraseAndNotTheOld)
 
     fp.onModal = [](QDialog& dialog) {
         auto& form = static_cast<frmOptions&>(dialog);
-        form.txtTime->setText(QStringLiteral("Tell me the time"));
+        form.txtTime->setText("Tell me the time");
         form.cmdOK->click();
     };
     ShowOptions(app, 3);
@@ -58,10 +53,10 @@ TEST(ChangedVoiceTextTest, TheRecogniserHearsTheNewPhraseAndNotTheOld)
         EXPECT_FALSE(wav.isEmpty());
         const listentest::Heard result = listentest::listen(recognizer, wav);
         EXPECT_TRUE(result.answered);
-        return result.name;
+        return result.name.toStdString();
     };
-    EXPECT_EQ(heard(QStringLiteral("Tell me the time")), QStringLiteral("Time"));
-    EXPECT_NE(heard(QStringLiteral("What is the time")), QStringLiteral("Time"));
+    EXPECT_EQ(heard("Tell me the time"), "Time");
+    EXPECT_NE(heard("What is the time"), "Time");
 }
 
 } // namespace

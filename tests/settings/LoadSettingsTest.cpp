@@ -1,6 +1,7 @@
 #include "settings/LoadSettings.h"
 
 #include "core/Conversions.h"
+#include "core/RegFunctions.h"
 #include "fakes/LoadedProgram.h"
 #include "startup/Main.h"
 
@@ -17,8 +18,9 @@ constexpr int ScreenWidth = 15360, ScreenHeight = 11520;
 // One run of the program up to LoadSettings, with the character file already chosen.
 struct SettingsRun : fakes::ProgramWindow {
     // Sets the stored values, then runs LoadSettings as Main does after creating the window.
-    SettingsRun(const std::map<QString, QString>& values = {})
+    SettingsRun(const std::map<QString, QString>& values = {}, bool tray = true)
     {
+        fp.tray.available = tray;
         fp.store.setValue("Character", "/chars/pip.acs");
         for (const auto& [name, value] : values)
             fp.store.setValue(name, value);
@@ -45,20 +47,17 @@ TEST(LoadSettingsTest, FirstRunOnAnEmptyStore)
 
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(box.icon, platform::BoxIcon::Information);
-    EXPECT_EQ(box.buttons, platform::BoxButtons::OK);
-    EXPECT_EQ(box.title, "Please select a character..");
+    EXPECT_EQ(std::tuple(box.icon, box.buttons, box.title),
+              std::tuple(platform::BoxIcon::Information, platform::BoxButtons::OK,
+                         "Please select a character.."));
     EXPECT_EQ(box.text,
               "This is your first time to run Quorl. Please select a character to be used.");
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
     EXPECT_EQ(fp.dialogs.fileRequests[0].title, "Open Character..");
 
-    const std::pair<QString, QString> values[] = {{"Character", "/chars/pip.acs"},
-                                                  {"Pitch", "120"},
-                                                  {"Speed", "160"},
-                                                  {"Volume", "65535"},
-                                                  {"X", "0"},
-                                                  {"Y", "0"}};
+    const std::pair<QString, QString> values[] = {
+        {"Pitch", "120"}, {"Speed", "160"}, {"Volume", "65535"},
+        {"X", "0"},       {"Y", "0"},       {"Character", "/chars/pip.acs"}};
     for (const auto& [name, value] : values)
         EXPECT_EQ(fp.store.value(name), value) << name.toStdString();
     EXPECT_TRUE(fp.tray.shown);
@@ -102,7 +101,7 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
     EXPECT_EQ(t.stored("WinY"), "600");
 }
 
-TEST(LoadSettingsTest, DefaultsAreStored)
+TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
 {
     const SettingsRun t;
     const std::pair<QString, QString> defaults[] = {
@@ -117,17 +116,17 @@ TEST(LoadSettingsTest, DefaultsAreStored)
     EXPECT_TRUE(t.app.MainForm->chkIgnore->isChecked());
     EXPECT_TRUE(t.app.MainForm->txtIgnore->isEnabled());
     EXPECT_EQ(t.app.ModalOpen, 0);
-}
 
-TEST(LoadSettingsTest, ChecksAndTextsOfTheWindow)
-{
-    const SettingsRun t({{"SaveSettings", "true"},
-                         {"Whisper", "1"},
-                         {"Balloon", "2"},
-                         {"Ignore", "0"},
-                         {"IgnoreText", "#"},
-                         {"Animate", "1"}});
-    const frmMain& f = *t.app.MainForm;
+    // A bare character file name is looked for in the data folder.
+    const std::map<QString, QString> values = {
+        {"SaveSettings", "true"}, {"Whisper", "1"},  {"Balloon", "2"},         {"Ignore", "0"},
+        {"IgnoreText", "#"},      {"Animate", "1"},  {"Character", "pip.acs"}, {"Pitch", "200"},
+        {"Speed", "90"},          {"Volume", "3000"}};
+    const SettingsRun u(values);
+    EXPECT_TRUE(u.fp.agent->calls.contains("Load(G,/data/quorl/pip.acs)"));
+    EXPECT_EQ(u.stored("Character"), "/data/quorl/pip.acs");
+    EXPECT_TRUE(u.fp.dialogs.boxes.empty());
+    const frmMain& f = *u.app.MainForm;
     EXPECT_FALSE(f.mnuFileSave->isChecked()) << "only \"True\" exactly is true";
     EXPECT_TRUE(f.chkWhisper->isChecked());
     EXPECT_FALSE(f.chkBalloon->isChecked());
@@ -136,7 +135,14 @@ TEST(LoadSettingsTest, ChecksAndTextsOfTheWindow)
     EXPECT_EQ(f.txtIgnore1->text(), "*");
     EXPECT_FALSE(f.txtIgnore->isEnabled());
     EXPECT_FALSE(f.txtIgnore1->isEnabled());
-    EXPECT_EQ(t.app.AnimateRead, "1");
+    EXPECT_EQ(u.app.AnimateRead, "1");
+    // The stored voice wins over the character's.
+    EXPECT_EQ(f.sdrPitch->value(), 200);
+    EXPECT_EQ(f.sdrSpeed->value(), 90);
+    EXPECT_EQ(f.sdrVolume->value(), 3000);
+    EXPECT_EQ(u.tags(), R"(\pit=200\\spd=90\\vol=3000\)");
+    EXPECT_EQ(u.stored("Pitch"), "200");
+    EXPECT_EQ(u.stored("Speed"), "90");
 
     for (const QString view : {"True", "False", "0"}) {
         const SettingsRun v(std::map<QString, QString>{{"ViewVoiceSettings", view}});
@@ -145,25 +151,8 @@ TEST(LoadSettingsTest, ChecksAndTextsOfTheWindow)
     }
 }
 
-TEST(LoadSettingsTest, BareFileNameIsLookedForInTheDataFolder)
+TEST(LoadSettingsTest, AMissingVoiceValueResetsTheSlidersReadBeforeIt)
 {
-    const SettingsRun t(std::map<QString, QString>{{"Character", "pip.acs"}});
-    EXPECT_TRUE(t.fp.agent->calls.contains("Load(G,/data/quorl/pip.acs)"));
-    EXPECT_EQ(t.stored("Character"), "/data/quorl/pip.acs");
-    EXPECT_TRUE(t.fp.dialogs.boxes.empty());
-}
-
-TEST(LoadSettingsTest, StoredVoiceWinsOverTheCharactersUnlessOneValueIsMissing)
-{
-    const SettingsRun all({{"Pitch", "200"}, {"Speed", "90"}, {"Volume", "3000"}});
-    EXPECT_EQ(all.app.MainForm->sdrPitch->value(), 200);
-    EXPECT_EQ(all.app.MainForm->sdrSpeed->value(), 90);
-    EXPECT_EQ(all.app.MainForm->sdrVolume->value(), 3000);
-    EXPECT_EQ(all.tags(), R"(\pit=200\\spd=90\\vol=3000\)");
-    EXPECT_EQ(all.stored("Pitch"), "200");
-    EXPECT_EQ(all.stored("Speed"), "90");
-
-    // The defaults for the missing speed reset the sliders read before it.
     const SettingsRun some({{"Pitch", "200"}, {"Volume", "3000"}});
     EXPECT_EQ(some.app.MainForm->sdrPitch->value(), 120);
     EXPECT_EQ(some.app.MainForm->sdrSpeed->value(), 160);
@@ -173,33 +162,81 @@ TEST(LoadSettingsTest, StoredVoiceWinsOverTheCharactersUnlessOneValueIsMissing)
     EXPECT_EQ(some.tags(), R"(\pit=120\\spd=160\\vol=3000\)");
 }
 
+// Without a tray a hidden start is a minimized one, so that the window stays reachable from the
+// task bar, and the user is told about the missing tray.
 TEST(LoadSettingsTest, TopmostAndStartVisibility)
 {
     const struct {
         QString top, startMinimized;
-        bool onTop, visible;
-    } cases[] = {{"True", "1", true, true},
-                 {"0", "1", false, true},
-                 {"False", "0", false, false},
-                 {"True", "0", true, false}};
+        bool tray, onTop, visible;
+    } cases[] = {{"True", "1", true, true, true},
+                 {"0", "1", true, false, true},
+                 {"False", "0", true, false, false},
+                 {"True", "0", true, true, false},
+                 {"0", "0", false, false, true}};
     for (const auto& c : cases) {
-        SCOPED_TRACE((c.top + "/" + c.startMinimized).toStdString());
-        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}});
+        SCOPED_TRACE(
+            (c.top + "/" + c.startMinimized + (c.tray ? "" : " without a tray")).toStdString());
+        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}}, c.tray);
         EXPECT_EQ(t.app.OnTop, c.onTop);
         EXPECT_EQ(t.app.MainForm->mnuViewTop->isChecked(), c.onTop);
         EXPECT_EQ(t.app.MainForm->isVisible(), c.visible);
+        EXPECT_EQ(t.app.MainForm->isMinimized(), !c.tray);
         EXPECT_TRUE(t.fp.tray.shown);
+        EXPECT_EQ(t.fp.dialogs.boxes.size(), c.tray ? 0u : 1u);
     }
 }
 
-TEST(LoadSettingsTest, WithoutATrayAHiddenStartIsAMinimizedOne)
+using namespace RegFunctions;
+
+struct RegFunctionsTest : ::testing::Test {
+    fakes::FakeStore store;
+    Settings settings{store};
+};
+
+TEST_F(RegFunctionsTest, MissingKeyReadsEmptyAndCreatesNothing)
 {
-    fakes::ProgramWindow t;
-    t.fp.tray.available = false;
-    t.fp.store.setValue("Character", "/chars/pip.acs");
-    t.fp.store.setValue("StartMinimized", "0");
-    LoadSettings(t.app);
-    EXPECT_TRUE(t.app.MainForm->isVisible());
-    EXPECT_TRUE(t.app.MainForm->isMinimized()) << "the window must stay reachable from the task bar";
-    EXPECT_EQ(t.fp.dialogs.boxes.size(), 1u) << "the user is told about the missing tray";
+    const KeyValue value = ReadKeyValue(store, platform::HKEY_CURRENT_USER, SettingsKey, "X");
+    EXPECT_TRUE(std::holds_alternative<Empty>(value));
+    EXPECT_FALSE(store.hasKey(SettingsKey));
+    EXPECT_TRUE(store.writes.isEmpty());
+}
+
+TEST_F(RegFunctionsTest, GetSettingStoresItsDefaultWhenMissingOrEmptyButNotWhenBlank)
+{
+    EXPECT_EQ(settings.Get("Splash", "1"), "1");
+    EXPECT_EQ(store.value("Splash"), "1");
+
+    store.setValue("Greeting", QString());
+    EXPECT_EQ(ToString(settings.Read("Greeting")), QString());
+    EXPECT_EQ(settings.Get("Greeting", "0"), "0");
+    EXPECT_EQ(store.value("Greeting"), "0");
+
+    store.setValue("GreetingText", " ");
+    EXPECT_EQ(settings.Get("GreetingText", "hello"), " ");
+    EXPECT_EQ(store.value("GreetingText"), " ");
+}
+
+TEST_F(RegFunctionsTest, DataIsReadUpToTheFirstNulAndBinaryAsSixteenBits)
+{
+    store.setRaw("A", platform::RegistryStore::String, QByteArray("ab\0cd", 5));
+    store.setRaw("B", platform::RegistryStore::String, QByteArray("\0cd", 3));
+    EXPECT_EQ(settings.ReadText("A"), "ab");
+    EXPECT_EQ(settings.ReadText("B"), QString());
+    EXPECT_EQ(TrimAtNull("plain"), "plain");
+
+    store.setRaw("Odd", platform::RegistryStore::Binary, QByteArray("\xfe\xff\x07", 3));
+    const KeyValue value = settings.Read("Odd");
+    ASSERT_TRUE(std::holds_alternative<std::int16_t>(value));
+    EXPECT_EQ(std::get<std::int16_t>(value), -2);
+    EXPECT_EQ(ToString(value), "-2");
+}
+
+TEST_F(RegFunctionsTest, NamesMatchWithoutRegardToCase)
+{
+    settings.Write("ShutDown", "0");
+    EXPECT_EQ(settings.ReadText("Shutdown"), "0");
+    settings.Write("SHUTDOWN", "1");
+    EXPECT_EQ(settings.ReadText("shutdown"), "1");
+    EXPECT_EQ(store.valueCount(), 1);
 }

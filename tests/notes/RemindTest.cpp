@@ -1,0 +1,322 @@
+#include "core/Controls.h"
+#include "notes/NotesFixture.h"
+#include "notes/RemindTimer.h"
+#include "notes/frmRemind.h"
+#include "reading/ReadingEngine.h"
+#include "settings/frmOptions.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <random>
+#include <set>
+
+namespace
+{
+
+enum { Once, Daily, Weekly, Monthly, Yearly };
+
+// The day on which the fake clock stands.
+const QDate Sunday(2026, 11, 22);
+
+QDateTime At(const QDate& date, int hour, int minute, int second = 0)
+{
+    return QDateTime(date, QTime(hour, minute, second), Qt::UTC);
+}
+
+// What the calendar walk of the next test does not reach: seconds, and leap days of other years.
+TEST(ReminderDueTest, SecondsAreNotComparedAndTheTwentyNinthOfFebruaryComesInLeapYearsOnly)
+{
+    EXPECT_TRUE(ReminderDue(Reminder(Daily, 13, 5), At(QDate(2026, 3, 1), 13, 5, 59)));
+    EXPECT_FALSE(ReminderDue(Reminder(Daily, 13, 5), At(QDate(2026, 3, 1), 13, 6)));
+    std::vector<QDate> days;
+    for (QDate day(2023, 1, 1); day.year() <= 2028; day = day.addDays(1))
+        if (ReminderDue(Reminder(Yearly, 9, 0, 1, 29), At(day, 9, 0)))
+            days.push_back(day);
+    EXPECT_EQ(days, (std::vector<QDate>{QDate(2024, 2, 29), QDate(2028, 2, 29)}));
+}
+
+// The oracle: the minute of the day at which a row is due on a day, or -1, worked out from the
+// table of kinds with its own reading of the twelve-hour lists.
+int DueMinute(const NoteRow& row, const QDate& day)
+{
+    static const int hours[2][12] = {{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0},
+                                     {13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 12}};
+    const char* names[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+    const bool date = QDate(day.year(), row.Every + 1, row.Day) == day;
+    const bool weekday = row.Every >= 0 && row.Every < 7 &&
+                         QLocale::c().toString(day, QStringLiteral("ddd")) == names[row.Every];
+    const bool due = (row.Kind == Once && row.Year == day.year() && date) || row.Kind == Daily ||
+                     (row.Kind == Weekly && weekday) ||
+                     (row.Kind == Monthly && day.day() == row.Day) || (row.Kind == Yearly && date);
+    if (!due || row.Remind != 1 || row.MinuteIndex < 0 || row.MinuteIndex > 59)
+        return -1;
+    return hours[row.AmPm][row.HourIndex] * 60 + row.MinuteIndex;
+}
+
+TEST(ReminderDueTest, AYearMinuteByMinuteFiresWhatTheCalendarSays)
+{
+    constexpr int year = 2028;
+    std::mt19937 random(2028);
+    const auto pick = [&random](int low, int high) {
+        return std::int16_t(std::uniform_int_distribution<int>(low, high)(random));
+    };
+    // A braced list is evaluated in order.
+    std::vector<NoteRow> rows(1000);
+    for (NoteRow& row : rows) {
+        const std::int16_t remind = pick(0, 3) == 0 ? pick(-1, 2) : 1;
+        row = {remind,      pick(-1, 5),  pick(-1, 12), pick(0, 32), pick(year - 1, year + 1),
+               pick(0, 11), pick(-1, 60), pick(0, 1)};
+    }
+    std::set<std::pair<QDateTime, std::size_t>> expected, fired;
+    for (QDate day(year, 1, 1); day.year() == year; day = day.addDays(1))
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (const int minute = DueMinute(rows[i], day); minute >= 0)
+                expected.insert({At(day, minute / 60, minute % 60), i});
+    const QDateTime end = At(QDate(year + 1, 1, 1), 0, 0);
+    for (QDateTime now = At(QDate(year, 1, 1), 0, 0); now < end; now = now.addSecs(60))
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (ReminderDue(rows[i], now))
+                fired.insert({now, i});
+
+    EXPECT_GT(expected.size(), 10000u);
+    EXPECT_TRUE(fired == expected) << fired.size() << " fired, " << expected.size() << " expected";
+}
+
+// The scheduler's pass with the reminder window: each modal window records the note it shows.
+class RemindTimerTest : public NotesFixture
+{
+protected:
+    RemindTimerTest()
+    {
+        fp.onModal = [this](QDialog&) {
+            shown << RemindForm(app)->lblName->text();
+            if (onFirstWindow && shown.size() == 1)
+                onFirstWindow();
+        };
+    }
+
+    QStringList shown;
+    // Runs while the first modal reminder of a pass is up.
+    std::function<void()> onFirstWindow;
+};
+
+TEST_F(RemindTimerTest, ModalRemindersComeInRecordOrderAtTheTimeEachTurnComes)
+{
+    const std::vector<NoteRecord> records = {
+        {Reminder(Daily, 14, 25), "Due now", "a"},
+        {Reminder(Once, 14, 25, 10, 22, 2026), "Also due now", "b"},
+        {Reminder(Yearly, 14, 26, 10, 22), "Due next minute", "c"},
+    };
+    const QStringList both = {"Due now", "Also due now"};
+    const QDateTime nextMinute = At(Sunday, 14, 26, 10);
+    const struct {
+        const char* what;
+        std::function<void()> onFirstWindow;
+        QStringList shown;
+    } cases[] = {
+        {"closed within the minute", nullptr, both},
+        {"a tick meanwhile changes nothing", [&] { RemindTimer_Timer(app); }, both},
+        {"held a minute", [&] { fp.clock.now = nextMinute; }, {"Due now", "Due next minute"}},
+        {"the table replaced meanwhile", [&] { notes({records[0]}); }, {"Due now"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        notes(records);
+        fp.clock.now = At(Sunday, 14, 25, 30);
+        shown.clear();
+        onFirstWindow = c.onFirstWindow;
+        RemindTimer_Timer(app);
+        EXPECT_EQ(shown, c.shown);
+        EXPECT_TRUE(fp.dialogs.boxes.empty());
+        EXPECT_FALSE(RemindForm(app));
+        QTRY_VERIFY(app.WaitingReminders.empty());
+        EXPECT_EQ(shown, c.shown);
+    }
+}
+
+// A Weekly reminder comes on top of another modal window of the program.
+TEST_F(RemindTimerTest, WeeklyHoldsNoPassAndANoteDueMeanwhileWaitsForItsWindow)
+{
+    QDialog other;
+    other.setModal(true);
+    other.show();
+    ASSERT_EQ(QApplication::activeModalWidget(), &other);
+    for (const bool closedInTime : {true, false}) {
+        SCOPED_TRACE(closedInTime ? "closed within the minute" : "closed after the minute");
+        notes({{Reminder(Weekly, 14, 25, 0), "Weekly", "w"},
+               {Reminder(Daily, 14, 25), "Daily", "d"}});
+        fp.clock.now = At(Sunday, 14, 25);
+        shown.clear();
+
+        RemindTimer_Timer(app);
+        ASSERT_TRUE(RemindForm(app));
+        EXPECT_TRUE(RemindForm(app)->isVisible());
+        EXPECT_EQ(QApplication::activeModalWidget(), RemindForm(app));
+        EXPECT_EQ(RemindForm(app)->lblName->text(), QStringLiteral("Weekly"));
+        EXPECT_TRUE(shown.isEmpty());
+        EXPECT_EQ(app.WaitingReminders, std::vector<int>{2});
+
+        if (!closedInTime)
+            fp.clock.now = At(Sunday, 14, 26);
+        RemindForm(app)->cmdClose->click();
+        QTRY_VERIFY(app.WaitingReminders.empty());
+        EXPECT_EQ(shown, closedInTime ? QStringList{"Daily"} : QStringList{});
+        EXPECT_FALSE(RemindForm(app));
+        EXPECT_EQ(QApplication::activeModalWidget(), &other);
+    }
+}
+
+class frmRemindTest : public NotesFixture
+{
+protected:
+    frmRemindTest()
+    {
+        notes({{Reminder(1, 14, 25), "Dentist", "Bring the card"},
+               {Reminder(1, 14, 25), "Bins", "Blue ones"}});
+        // Hidden, so that what the reminder does to show the character can be seen.
+        character().visible = false;
+        fp.agent->calls.clear();
+    }
+
+    // The window for the record, shown without the modal flag so that it stays up.
+    frmRemind* open(const QString& number = QStringLiteral("2"))
+    {
+        setTag(app.MainForm.get(), number);
+        ShowRemindForm(app, false);
+        return RemindForm(app);
+    }
+
+    void settings(const QString& value)
+    {
+        fp.store.setValue("ReminderText", "Time for it");
+        for (const char* name : {"ShowIfHidden", "NoteTime", "NoteDate", "ReadNote"})
+            fp.store.setValue(name, value);
+    }
+};
+
+// Each window is closed by Enter: as it opens, or with the focus in the note's text.
+TEST_F(frmRemindTest, SpeechFollowsTheSwitchesInItsOrderAndEnterCloses)
+{
+    const QStringList all = {"Time for it", "The time now is", "Today is", "Blue ones"};
+    const struct {
+        const char* what;
+        std::function<void()> setup;
+        QStringList spoken;
+        QString firstCall;
+        bool enterInText = false;
+    } cases[] = {
+        {"none stored", [] {}, {}, {}},
+        {"all off", [&] { settings("0"); }, {}, {}, true},
+        {"all on", [&] { settings("1"); }, all, "Show(1)"},
+        {"time only", [&] { fp.store.setValue("NoteTime", "1"); }, {"The time now is"}, "Show(0)"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        fp.store = fakes::FakeStore();
+        fp.agent->calls.clear();
+        c.setup();
+        frmRemind* form = open();
+        ASSERT_TRUE(form);
+        EXPECT_EQ(form->lblName->text(), QStringLiteral("Bins"));
+        EXPECT_EQ(form->txtNote->toPlainText(), QStringLiteral("Blue ones"));
+        const QStringList spoken = fp.agent->spoken();
+        ASSERT_EQ(spoken.size(), c.spoken.size());
+        for (int i = 0; i < spoken.size(); ++i)
+            EXPECT_TRUE(spoken[i].contains(c.spoken[i])) << spoken[i].toStdString();
+        EXPECT_EQ(fp.agent->callsStartingWith("Show(").value(0), c.firstCall);
+        // The character is shown at once before anything is said.
+        if (c.firstCall == "Show(1)") {
+            EXPECT_LT(fp.agent->calls.indexOf("Show(1)"),
+                      fp.agent->calls.indexOf(fp.agent->callsStartingWith("Speak(").value(0)));
+        }
+        EXPECT_TRUE(form->cmdClose->isDefault());
+        EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        EXPECT_EQ(app.ModalOpen, 1);
+        EXPECT_FALSE(character().Commands().Visible());
+        if (c.enterInText)
+            form->txtNote->setFocus();
+        QTest::keyClick(c.enterInText ? form->txtNote : form->focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(RemindForm(app));
+        EXPECT_EQ(app.ModalOpen, 0);
+        EXPECT_TRUE(character().Commands().Visible());
+    }
+}
+
+TEST_F(frmRemindTest, AReadingInProgressStaysPausedAfterTheWindowHasClosed)
+{
+    character().visible = true;
+    const QString text = dir.filePath("story.txt");
+    QFile file(text);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("Once upon a time.\n");
+    file.close();
+    fp.dialogs.files.push_back(text);
+    mnuFileRead_Click(app);
+    ASSERT_TRUE(form().Timer2->isActive());
+
+    const QString paused = QStringLiteral("Quorl - Reading ") + text + " (Paused)";
+    frmRemind* reminder = open();
+    EXPECT_FALSE(form().Timer2->isActive());
+    EXPECT_EQ(form().windowTitle(), paused);
+    EXPECT_EQ(form().cmdCont->text(), QStringLiteral("&Continue"));
+    reminder->cmdClose->click();
+    EXPECT_FALSE(form().Timer2->isActive());
+    EXPECT_EQ(form().windowTitle(), paused);
+}
+
+TEST_F(frmRemindTest, ARecordThatIsNotThereClosesTheWindowWithABox)
+{
+    const struct {
+        const char* what;
+        std::function<void()> setup;
+        QString number, title, text;
+    } cases[] = {
+        {"unopenable", [&] { QDir().mkdir(notesFile()); }, "1", "Unknown Error",
+         "( Unknown ( 9 ) 75, Quorl)"},
+        {"past the last record", [] {}, "3", "Error", "Error in Notes File"},
+        {"deleted behind the program's back", [] {}, "1", "Error", "Error in Notes File"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        notes({{Reminder(1, 14, 25), "Dentist", "Bring the card"}});
+        if (c.number == "1")
+            QFile::remove(notesFile());
+        c.setup();
+        fp.dialogs.boxes.clear();
+        EXPECT_FALSE(open(c.number));
+        ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+        EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Critical);
+        EXPECT_EQ(fp.dialogs.boxes[0].title, c.title);
+        EXPECT_TRUE(fp.dialogs.boxes[0].text.contains(c.text));
+        EXPECT_EQ(app.ModalOpen, 0);
+        // The command group stays hidden until the next window that shows it closes.
+        EXPECT_FALSE(character().Commands().Visible());
+        QDir(notesFile()).removeRecursively();
+    }
+    // Opening the deleted file has made it anew, empty.
+    EXPECT_TRUE(QFile::exists(notesFile()));
+    EXPECT_EQ(QFileInfo(notesFile()).size(), 0);
+}
+
+TEST_F(frmRemindTest, RemindersAndOptionsLeadToTheirWindows)
+{
+    int optionsTab = -1;
+    fp.onModal = [&](QDialog& dialog) {
+        if (auto* options = qobject_cast<frmOptions*>(&dialog))
+            optionsTab = options->SSTab1->currentIndex();
+    };
+    open()->cmdNotes->click();
+    EXPECT_FALSE(RemindForm(app));
+    open()->cmdOpt->click();
+    EXPECT_FALSE(RemindForm(app));
+    EXPECT_EQ(fp.modalWindows, (QStringList{"frmNotes", "frmOptions"}));
+    EXPECT_EQ(optionsTab, 4) << "the options open on their tab \"&Reminders\"";
+}
+
+} // namespace
