@@ -37,12 +37,4 @@ void EspeakSynthesizer::cancel(quint64 id)
     }
 }
 
-QString EspeakSynthesizer::phonemesOf(const QString& word)
-{
-    QString result;
-    EspeakThread::instance().runAndWait(
-        [&](EspeakWorker& worker) { result = worker.phonemesOf(word); });
-    return result;
-}
-
 } // namespace agent::speech

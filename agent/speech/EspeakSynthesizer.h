@@ -34,11 +34,6 @@ public:
     // come back incomplete. Safe from any thread.
     void cancel(quint64 id);
 
-    // The pronunciation of a word in espeak-ng's ASCII phoneme names separated by blanks,
-    // e.g. "g 'I m p" for "gimp"; empty when espeak-ng did not load. Safe from any thread; it
-    // waits until the synthesiser's thread has finished the work queued before it.
-    QString phonemesOf(const QString& word);
-
 signals:
     void synthesized(quint64 id, std::shared_ptr<const agent::speech::SynthesizedSpeech> speech);
 

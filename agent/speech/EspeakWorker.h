@@ -20,6 +20,8 @@ public:
     std::shared_ptr<SynthesizedSpeech> synthesize(quint64 id,
                                                   const std::atomic<quint64>& cancelUpTo,
                                                   const SpeechPlan& plan, bool femaleCharacter);
+    // The pronunciation of a word in espeak-ng's ASCII phoneme names separated by blanks,
+    // e.g. "g 'I m p" for "gimp"; empty when espeak-ng did not load.
     QString phonemesOf(const QString& word);
 
 private:
