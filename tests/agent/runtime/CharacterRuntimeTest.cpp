@@ -32,11 +32,16 @@ protected:
         timing.balloonHide = 40;
     }
 
+    std::unique_ptr<CharacterRuntime> make()
+    {
+        return std::make_unique<CharacterRuntime>(std::make_shared<acs::CharacterData>(character),
+                                                  speech, voice, timing, 99);
+    }
+
     CharacterRuntime& runtime()
     {
         if (!runtime_) {
-            runtime_ = std::make_unique<CharacterRuntime>(
-                std::make_shared<acs::CharacterData>(character), speech, voice, timing, 99);
+            runtime_ = make();
             runtime_->setIdleOn(false);
         }
         return *runtime_;
@@ -74,6 +79,7 @@ TEST_F(CharacterRuntimeTest, RequestsRunOneAfterTheOtherInCallOrder)
     const std::vector<platform::Request> requests = {
         runtime().show(false),
         runtime().play(animation("Wave")),
+        runtime().play(animation("Loop")),
         runtime().speak(QStringLiteral("one two three")),
         runtime().moveTo({40, 30}),
         runtime().hide(),
@@ -102,18 +108,33 @@ TEST_F(CharacterRuntimeTest, RequestsRunOneAfterTheOtherInCallOrder)
     EXPECT_EQ(runtime().position(), QPoint(40, 30));
 }
 
-TEST_F(CharacterRuntimeTest, ShowAndHideOfAVisibleOrHiddenCharacterDoNothing)
+TEST_F(CharacterRuntimeTest, RequestsWithNothingToDoOrThatCannotRun)
 {
     QSignalSpy shown(&runtime(), &CharacterRuntime::shown);
     QSignalSpy hidden(&runtime(), &CharacterRuntime::hidden);
-    const platform::Request hide = runtime().hide();
+    std::vector<platform::Request> requests = {runtime().hide(), runtime().play(animation("Wave")),
+                                               runtime().speak(QStringLiteral("unheard"))};
     runtime().show(true);
-    const platform::Request again = runtime().show(false);
-    ASSERT_TRUE(waitFinished(again));
-    EXPECT_EQ(hide->Status(), Status::Complete);
+    requests.push_back(runtime().show(false));
+    ASSERT_TRUE(waitFinished(requests.back()));
     EXPECT_EQ(shown.size(), 1);
     EXPECT_EQ(hidden.size(), 0);
     EXPECT_EQ(pixel(0, 0), rgba(Blue)) << "a fast show puts up the rest pose";
+
+    speech.failNext = true;
+    for (const platform::Request& request :
+         {runtime().speak(QStringLiteral("no luck")), runtime().speak(QString()),
+          runtime().play(-1), runtime().play(int(character.animations.size()))})
+        requests.push_back(request);
+    ASSERT_TRUE(waitFinished(requests.back()));
+    std::vector<int> statuses;
+    for (const platform::Request& request : requests)
+        statuses.push_back(request->Status());
+    EXPECT_EQ(statuses, (std::vector<int>{Status::Complete, Status::Complete, Status::Failed,
+                                          Status::Complete, Status::Failed, Status::Complete,
+                                          Status::Failed, Status::Failed}))
+        << "hide, play, speak while hidden; show again; failed, empty speech; bad animations";
+    EXPECT_FALSE(speech.spoken.contains(QStringLiteral("unheard")));
 }
 
 TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
@@ -172,34 +193,6 @@ TEST_F(CharacterRuntimeTest, ReplacingOverlayHidesTheTopImage)
     ASSERT_TRUE(waitFinished(speak));
 }
 
-TEST_F(CharacterRuntimeTest, SpeechOutcomes)
-{
-    runtime().show(true);
-    speech.failNext = true;
-    const platform::Request failed = runtime().speak(QStringLiteral("no luck"));
-    const platform::Request empty = runtime().speak(QString());
-    ASSERT_TRUE(waitFinished(empty));
-    EXPECT_EQ(failed->Status(), Status::Failed);
-    EXPECT_EQ(empty->Status(), Status::Complete);
-
-    runtime().hide();
-    const platform::Request hidden = runtime().speak(QStringLiteral("unheard"));
-    ASSERT_TRUE(waitFinished(hidden));
-    EXPECT_EQ(hidden->Status(), Status::Failed);
-    EXPECT_FALSE(speech.spoken.contains(QStringLiteral("unheard")));
-}
-
-TEST_F(CharacterRuntimeTest, PlayOutcomes)
-{
-    const platform::Request hidden = runtime().play(animation("Wave"));
-    const platform::Request negative = runtime().play(-1);
-    const platform::Request beyond = runtime().play(int(character.animations.size()));
-    ASSERT_TRUE(waitFinished(beyond));
-    EXPECT_EQ(hidden->Status(), Status::Complete) << "nothing to see, nothing to wait for";
-    EXPECT_EQ(negative->Status(), Status::Failed);
-    EXPECT_EQ(beyond->Status(), Status::Failed);
-}
-
 TEST_F(CharacterRuntimeTest, UserHideInterruptsEverything)
 {
     QSignalSpy hidden(&runtime(), &CharacterRuntime::hidden);
@@ -215,17 +208,6 @@ TEST_F(CharacterRuntimeTest, UserHideInterruptsEverything)
     EXPECT_EQ(hidden[0][0].toInt(), UserHid);
     EXPECT_FALSE(runtime().isVisible());
     EXPECT_FALSE(runtime().balloonVisible());
-}
-
-TEST_F(CharacterRuntimeTest, LoopingPlayCompletesAfterOneRoundAndIsLeftByTheNext)
-{
-    runtime().show(true);
-    const platform::Request loop = runtime().play(animation("Loop"));
-    ASSERT_TRUE(waitFinished(loop));
-    EXPECT_EQ(loop->Status(), Status::Complete);
-    const platform::Request hide = runtime().hide();
-    ASSERT_TRUE(waitFinished(hide));
-    EXPECT_FALSE(runtime().isVisible());
 }
 
 TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
@@ -244,7 +226,10 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
     const platform::Request wave = runtime().play(animation("Wave"));
     ASSERT_TRUE(waitFinished(wave));
     idle.clear();
-    QTest::qWait(150);
+    const auto control = make();
+    QSignalSpy controlIdle(control.get(), &CharacterRuntime::idleStarted);
+    control->show(true);
+    ASSERT_TRUE(controlIdle.wait(2000)) << "a character with idle on idles meanwhile";
     EXPECT_EQ(idle.size(), 0) << "idle off: no idling";
 }
 
