@@ -116,35 +116,11 @@ TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
     EXPECT_EQ(screenOnce(middle, before.pixel(middle)).pixel(middle), before.pixel(middle));
 }
 
-TEST_F(CharacterWindowTest, RightClickOpensThePopupMenu)
+TEST_F(CharacterWindowTest, ClicksDragsAndThePopupMenu)
 {
     platform::AgentCommands& commands = character->Commands();
     commands.Add("Time", "What is the Time?", {}, true, true);
     commands.Add("Notes", "Notes && Reminders", {}, false, true);
-    commands.Add("Yes", "Yes", {}, true, false);
-    commands.Add(" ", " ", {}, false, true);
-    showAt(Left, Top);
-
-    QMenu* menu = rightClick();
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menuTexts(*menu), (QStringList{"What is the Time?", "Notes && Reminders (grey)",
-                                             "----", "----", "Hide"}));
-    ASSERT_TRUE(waitForEvent("Click G 2 0"));
-    EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 30, Top + 30));
-
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
-    ASSERT_TRUE(waitForEvent("Command Time"));
-
-    menu = rightClick();
-    ASSERT_NE(menu, nullptr);
-    QTest::mouseClick(menu, Qt::LeftButton, {},
-                      menu->actionGeometry(menu->actions().last()).center());
-    ASSERT_TRUE(waitForEvent("Hide G 1")) << "Hide picked by the user";
-    EXPECT_FALSE(character->Visible());
-}
-
-TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
-{
     showAt(Left, Top);
     QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(30, 30));
     ASSERT_TRUE(waitForEvent("Click G 1 0"));
@@ -161,4 +137,20 @@ TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
     EXPECT_EQ(character->Top(), Top + 25);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->pos() == QPoint(Left + 40, Top + 25); }));
     EXPECT_EQ(events.events.count("Click G 1 0"), 1) << "a drag is not a click";
+
+    QMenu* menu = rightClick();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menuTexts(*menu),
+              (QStringList{"What is the Time?", "Notes && Reminders (grey)", "----", "Hide"}));
+    ASSERT_TRUE(waitForEvent("Click G 2 0"));
+    EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 70, Top + 55));
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
+    ASSERT_TRUE(waitForEvent("Command Time"));
+
+    menu = rightClick();
+    ASSERT_NE(menu, nullptr);
+    QTest::mouseClick(menu, Qt::LeftButton, {},
+                      menu->actionGeometry(menu->actions().last()).center());
+    ASSERT_TRUE(waitForEvent("Hide G 1")) << "Hide picked by the user";
+    EXPECT_FALSE(character->Visible());
 }

@@ -1,9 +1,11 @@
 #include "agent/runtime/AnimationPlayer.h"
 
 #include "TestCharacter.h"
+#include "agent/runtime/FrameSequencer.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
+#include <map>
 
 using namespace agent;
 using namespace agent::runtime;
@@ -166,6 +168,87 @@ TEST_F(AnimationPlayerTest, AnEndedAnimationIsLeftOnceThroughItsWayBack)
         ASSERT_TRUE(leave());
         EXPECT_TRUE(rec->shown.empty()) << "an animation is left only once";
     }
+}
+
+acs::Animation frames(int count)
+{
+    std::vector<acs::Frame> list(count, frame({{0, 0, 0}}));
+    return animation(QStringLiteral("A"), list);
+}
+
+TEST(FrameSequencerTest, BranchesFollowTheirProbabilitiesAndTheSeed)
+{
+    acs::Animation branching = frames(6);
+    branching.frames[1].branches = {{4, 30}, {0, 50}};
+    RandomSource random(1234);
+    RandomSource same(1234);
+    std::map<int, int> taken;
+    const int draws = 20000;
+    for (int i = 0; i < draws; ++i) {
+        const int next = sequencer::nextFrame(branching, 1, random);
+        ++taken[next];
+        ASSERT_EQ(sequencer::nextFrame(branching, 1, same), next) << "same seed, same choices";
+    }
+    ASSERT_EQ(taken.size(), 3u);
+    EXPECT_NEAR(taken[4] / double(draws), 0.30, 0.015);
+    EXPECT_NEAR(taken[0] / double(draws), 0.50, 0.015);
+    EXPECT_NEAR(taken[2] / double(draws), 0.20, 0.015);
+    EXPECT_EQ(sequencer::nextFrame(branching, 3, random), 4);
+}
+
+struct ExitCase {
+    const char* name;
+    std::vector<std::int16_t> exits;
+    int from;
+    std::vector<int> path;
+};
+
+TEST(FrameSequencerTest, ExitPathsEnd)
+{
+    const std::vector<ExitCase> cases = {
+        {"no exit branches: the following frames", {-2, -2, -2, -2}, 1, {2, 3}},
+        {"minus one also goes on", {-1, -1, -1}, 0, {1, 2}},
+        {"exit frame jumps", {-2, 3, -2, -2}, 1, {3}},
+        {"exit to itself ends the path", {-2, 1, -2}, 1, {}},
+        {"last frame exits to itself", {-2, -2, 2}, 0, {1, 2}},
+        {"backwards to a blank end", {4, 0, 1, 2, -1}, 3, {2, 1, 0, 4}},
+        {"exit past the end", {7, -2}, 0, {}},
+    };
+    for (const ExitCase& test : cases) {
+        acs::Animation exiting = frames(int(test.exits.size()));
+        for (std::size_t i = 0; i < test.exits.size(); ++i)
+            exiting.frames[i].exitFrame = test.exits[i];
+        EXPECT_EQ(sequencer::exitPath(exiting, test.from), test.path) << test.name;
+    }
+    acs::Animation cycle = frames(3);
+    for (int i = 0; i < 3; ++i)
+        cycle.frames[i].exitFrame = std::int16_t((i + 1) % 3);
+    const std::size_t cut = sequencer::exitPath(cycle, 0).size();
+    EXPECT_TRUE(cut >= 3 && cut <= 9) << "a cycle of exits is cut off: " << cut;
+}
+
+TEST(FrameSequencerTest, TellsLoopingAnimationsAndSpeakingFrames)
+{
+    acs::Animation loop = frames(3);
+    loop.frames[2].branches = {{0, 100}};
+    EXPECT_FALSE(sequencer::endsOnItsOwn(loop));
+
+    acs::Animation mostlyLoop = loop;
+    mostlyLoop.frames[2].branches = {{0, 90}};
+    EXPECT_TRUE(sequencer::endsOnItsOwn(mostlyLoop));
+
+    acs::Animation zeroChance = loop;
+    zeroChance.frames[2].branches = {{0, 0}, {1, 100}};
+    EXPECT_FALSE(sequencer::endsOnItsOwn(zeroChance));
+
+    acs::Animation speaking = frames(5);
+    speaking.frames[1].branches = {{3, 100}};
+    speaking.frames[2].overlays.resize(1);
+    speaking.frames[3].overlays.resize(1);
+    EXPECT_EQ(sequencer::speakingFrame(speaking), 3) << "frame 2 is never reached";
+    speaking.frames[3].overlays.clear();
+    EXPECT_EQ(sequencer::speakingFrame(speaking), 2) << "only stored frame with overlays";
+    EXPECT_EQ(sequencer::speakingFrame(frames(2)), std::nullopt);
 }
 
 } // namespace

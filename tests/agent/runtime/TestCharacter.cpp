@@ -1,5 +1,7 @@
 #include "TestCharacter.h"
 
+#include <tuple>
+
 namespace agent::runtime::testing
 {
 
@@ -98,28 +100,22 @@ acs::CharacterData fullCharacter()
         animation(QStringLiteral("Show"), {colourFrame(Green), colourFrame(White)}),
         animation(QStringLiteral("Hide"), {colourFrame(White), colourFrame(Green)}),
         animation(QStringLiteral("RestPose"), {rest}),
-        animation(QStringLiteral("Idle1"), {colourFrame(Red)}),
-        animation(QStringLiteral("Idle2"), {colourFrame(Green)}),
-        animation(QStringLiteral("Idle3"), {colourFrame(Blue)}),
-        animation(QStringLiteral("MoveLeft"), {colourFrame(Red)}),
-        animation(QStringLiteral("MoveRight"), {colourFrame(Green)}),
-        animation(QStringLiteral("MoveUp"), {colourFrame(Blue)}),
-        animation(QStringLiteral("MoveDown"), {colourFrame(Black)}),
         animation(QStringLiteral("Wave"), {colourFrame(Red), colourFrame(Blue)}),
         loop,
     };
-    character.states = {
-        {QStringLiteral("Showing"), {QStringLiteral("SHOW")}},
-        {QStringLiteral("Hiding"), {QStringLiteral("Hide")}},
-        {QStringLiteral("Speaking"), {QStringLiteral("RestPose")}},
-        {QStringLiteral("IdlingLevel1"), {QStringLiteral("Idle1")}},
-        {QStringLiteral("IdlingLevel2"), {QStringLiteral("Idle2")}},
-        {QStringLiteral("IdlingLevel3"), {QStringLiteral("Idle3")}},
-        {QStringLiteral("MovingLeft"), {QStringLiteral("MoveLeft")}},
-        {QStringLiteral("MovingRight"), {QStringLiteral("MoveRight")}},
-        {QStringLiteral("MovingUp"), {QStringLiteral("MoveUp")}},
-        {QStringLiteral("MovingDown"), {QStringLiteral("MoveDown")}},
+    character.states = {{QStringLiteral("Showing"), {QStringLiteral("SHOW")}},
+                        {QStringLiteral("Hiding"), {QStringLiteral("Hide")}},
+                        {QStringLiteral("Speaking"), {QStringLiteral("RestPose")}}};
+    const std::tuple<const char*, const char*, Colour> oneFrame[] = {
+        {"IdlingLevel1", "Idle1", Red},      {"IdlingLevel2", "Idle2", Green},
+        {"IdlingLevel3", "Idle3", Blue},     {"MovingLeft", "MoveLeft", Red},
+        {"MovingRight", "MoveRight", Green}, {"MovingUp", "MoveUp", Blue},
+        {"MovingDown", "MoveDown", Black},
     };
+    for (const auto& [state, name, colour] : oneFrame) {
+        character.animations.push_back(animation(QLatin1String(name), {colourFrame(colour)}));
+        character.states.push_back({QLatin1String(state), {QLatin1String(name)}});
+    }
     return character;
 }
 
