@@ -169,7 +169,7 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
     }
 }
 
-TEST_F(AgentEngineTest, EventsWaitForTheEventLoopAndNeedASink)
+TEST_F(AgentEngineTest, EventsWaitForTheEventLoopNeedASinkAndMayThrow)
 {
     load();
     EngineCharacter& loaded = engine->Characters().Character("G");
@@ -187,6 +187,21 @@ TEST_F(AgentEngineTest, EventsWaitForTheEventLoopAndNeedASink)
     ASSERT_TRUE(QTest::qWaitFor([&] { return later; }, 2000));
     EXPECT_EQ(events.events, QStringList{"Show G 0"});
     EXPECT_FALSE(loaded.Visible());
+
+    struct Throwing : RecordingEvents {
+        void Agent1_Show(const QString&, int) override
+        {
+            throw platform::RuntimeError(5, "x", "boom");
+        }
+    } throwing;
+    engine->setEventSink(&throwing);
+    emit recognizer->listeningFailed(platform::errors::SoundSystemBusy, platform::AgentSource,
+                                     "the microphone is in use");
+    loaded.Show(true);
+    loaded.Hide();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return throwing.events.size() == 2; }, 2000));
+    EXPECT_EQ(throwing.events, (QStringList{"Error -2147220713 Agent.Control.1", "Hide G 0"}))
+        << "a throwing handler stays inside the engine";
 }
 
 TEST_F(AgentEngineTest, RecogniserHearsTheEnabledCommands)
@@ -212,7 +227,7 @@ TEST_F(AgentEngineTest, RecogniserHearsTheEnabledCommands)
     EXPECT_TRUE(recognizer->phrases.empty());
 }
 
-TEST_F(AgentEngineTest, SpeechFlags)
+TEST_F(AgentEngineTest, SpeechFlagsAndThePropertySheet)
 {
     EXPECT_TRUE(engine->AudioOutputEnabled());
     EngineSettings::shared().setSpeechOutputEnabled(false);
@@ -228,10 +243,7 @@ TEST_F(AgentEngineTest, SpeechFlags)
 
     AgentEngine deaf(std::make_unique<FakeSpeechOutput>(), nullptr);
     EXPECT_FALSE(deaf.SpeechInputInstalled());
-}
 
-TEST_F(AgentEngineTest, PropertySheetOpensOnThePageAsked)
-{
     engine->setPropertySheetPage("Speech");
     engine->setPropertySheetVisible(true);
     EXPECT_TRUE(engine->propertySheet().isVisible());
@@ -240,25 +252,4 @@ TEST_F(AgentEngineTest, PropertySheetOpensOnThePageAsked)
         << "the speech page hosts the recogniser's controls";
     engine->setPropertySheetVisible(false);
     EXPECT_FALSE(engine->propertySheet().isVisible());
-}
-
-TEST_F(AgentEngineTest, ErrorsAreRaisedAsEventsAndThrowingHandlersStayInsideTheEngine)
-{
-    emit recognizer->listeningFailed(platform::errors::SoundSystemBusy, platform::AgentSource,
-                                     "the microphone is in use");
-    ASSERT_TRUE(waitForEvents(1));
-    EXPECT_EQ(events.events, QStringList{"Error -2147220713 Agent.Control.1"});
-
-    struct Throwing : RecordingEvents {
-        void Agent1_Show(const QString&, int) override
-        {
-            throw platform::RuntimeError(5, "x", "boom");
-        }
-    } throwing;
-    engine->setEventSink(&throwing);
-    platform::AgentCharacter& loaded = load();
-    loaded.Show(true);
-    loaded.Hide();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return throwing.events.size() == 1; }, 2000));
-    EXPECT_EQ(throwing.events, QStringList{"Hide G 0"});
 }
