@@ -23,16 +23,16 @@ namespace
 class CharacterRuntimeTest : public ::testing::Test
 {
 protected:
-    std::unique_ptr<CharacterRuntime> make()
+    std::unique_ptr<CharacterRuntime> make(SpeechOutput& output)
     {
         return std::make_unique<CharacterRuntime>(std::make_shared<acs::CharacterData>(character),
-                                                  speech, voice, timing, 99);
+                                                  output, voice, timing, 99);
     }
 
     CharacterRuntime& runtime()
     {
         if (!runtime_) {
-            runtime_ = make();
+            runtime_ = make(speech);
             runtime_->setIdleOn(false);
         }
         return *runtime_;
@@ -163,16 +163,26 @@ TEST_F(CharacterRuntimeTest, BalloonFollowsTheCharactersStyleFlags)
     };
     const QString text = QStringLiteral("one two three four");
     for (const Case& test : cases) {
+        // A plain balloon speaking alongside shows when a balloon that stays has waited enough.
+        FakeSpeechOutput controlSpeech{5};
+        character.flags = 0;
+        const auto control = make(controlSpeech);
         character.flags = test.flags;
         runtime_.reset();
         runtime().show(true);
+        control->show(true);
         const platform::Request speak = runtime().speak(text);
+        control->speak(text);
         ASSERT_TRUE(QTest::qWaitFor([this] { return runtime().balloonVisible(); }, 2000));
         EXPECT_EQ(runtime().balloon().visibleText() == text, test.wholeTextAtOnce) << test.name;
         ASSERT_TRUE(waitFinished(speak));
-        EXPECT_EQ(QTest::qWaitFor([this] { return !runtime().balloonVisible(); }, 300),
-                  !test.staysAfterTheSpeech)
-            << test.name;
+        if (test.staysAfterTheSpeech) {
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !control->balloonVisible(); }, 2000));
+            EXPECT_TRUE(runtime().balloonVisible()) << test.name;
+        } else {
+            EXPECT_TRUE(QTest::qWaitFor([this] { return !runtime().balloonVisible(); }, 2000))
+                << test.name;
+        }
     }
 }
 
@@ -209,7 +219,7 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
     const platform::Request wave = runtime().play(animation("Wave"));
     ASSERT_TRUE(waitFinished(wave));
     idle.clear();
-    const auto control = make();
+    const auto control = make(speech);
     QSignalSpy controlIdle(control.get(), &CharacterRuntime::idleStarted);
     control->show(true);
     ASSERT_TRUE(controlIdle.wait(2000)) << "a character with idle on idles meanwhile";
