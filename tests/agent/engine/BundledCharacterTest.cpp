@@ -66,7 +66,7 @@ TEST(BalloonPlacementTest, InEveryCornerTheBalloonStaysOnScreenAndShowsEveryWord
 
             QSet<QString> seen;
             bool checked = false;
-            while (!isFinished(speak)) {
+            for (int i = 0; i < 4000 && !isFinished(speak); ++i) {
                 QTest::qWait(5);
                 if (!balloon.isVisible())
                     continue;
