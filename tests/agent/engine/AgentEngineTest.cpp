@@ -127,21 +127,14 @@ TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
 TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
 {
     const QString file = writeCharacterFile(folder, character);
-    engine->Characters().Load(QStringLiteral("G"), file);
-    engine->Characters().Load(QStringLiteral("H"), file);
-    auto& g = dynamic_cast<EngineCharacter&>(engine->Characters().Character(QStringLiteral("G")));
-    auto& h = dynamic_cast<EngineCharacter&>(engine->Characters().Character(QStringLiteral("H")));
+    engine->Characters().Load("G", file);
+    engine->Characters().Load("H", file);
+    EngineCharacter& g = engine->Characters().Character("G");
+    EngineCharacter& h = engine->Characters().Character("H");
     g.Show(true);
     h.Show(true);
-    const std::vector<std::pair<EngineCharacter*, QString>> calls = {
-        {&g, QStringLiteral("gold green grey")},
-        {&h, QStringLiteral("hot hazy high")},
-        {&g, QStringLiteral("gone")},
-        {&h, QStringLiteral("here")},
-    };
-    std::vector<platform::Request> requests;
-    for (const auto& [who, text] : calls)
-        requests.push_back(who->Speak(text));
+    const std::vector<platform::Request> requests = {
+        g.Speak("gold green grey"), h.Speak("hot hazy high"), g.Speak("gone"), h.Speak("here")};
 
     std::set<QString> gSaw, hSaw;
     bool inCallOrder = true;

@@ -32,9 +32,7 @@ std::shared_ptr<const acs::CharacterData> bundled()
                : nullptr;
 }
 
-// The character that ships with the program, in each corner of the screen, says a long
-// sentence: the balloon stays on the screen with its tail towards the character, in the
-// file's colours, and every word is in view at some point while it is spoken.
+// In each corner of the screen the balloon stays on it, its tail towards the character.
 TEST(BalloonPlacementTest, InEveryCornerTheBalloonStaysOnScreenAndShowsEveryWord)
 {
     const auto data = bundled();
@@ -100,8 +98,7 @@ TEST(BalloonPlacementTest, InEveryCornerTheBalloonStaysOnScreenAndShowsEveryWord
     }
 }
 
-// Every animation of the character that ships with the program plays to an end, and the
-// program's own sequence of operations runs through.
+// Every animation plays to an end, and so does the program's reading sequence.
 TEST(BundledCharacterTest, EveryAnimationAndTheReadingSequenceComplete)
 {
     const auto data = bundled();

@@ -45,8 +45,7 @@ protected:
         rec = std::make_unique<Recorder>(data, random);
     }
 
-    // Lets a second player show `frames` frames of animation 0, so that a check for nothing
-    // happening meanwhile is known to have waited long enough.
+    // Another player showing `frames` frames proves a wait for nothing to happen long enough.
     bool whileAnotherShows(std::size_t frames)
     {
         Recorder other(data, random);
