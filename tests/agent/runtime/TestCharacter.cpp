@@ -11,11 +11,6 @@ namespace
 constexpr std::uint32_t Palette[] = {0x00FF00FF, 0x00FF0000, 0x0000FF00,
                                      0x000000FF, 0x00FFFFFF, 0x00000000};
 
-std::uint32_t imageOf(Colour colour)
-{
-    return std::uint32_t(colour) - 1;
-}
-
 } // namespace
 
 QRgb rgba(Colour colour)
@@ -72,7 +67,8 @@ acs::CharacterData blankCharacter(int width, int height)
 acs::CharacterData fullCharacter()
 {
     acs::CharacterData character = blankCharacter();
-    const auto colourFrame = [](Colour colour, std::uint16_t duration = 1) {
+    const auto imageOf = [](Colour colour) { return std::uint32_t(colour) - 1; };
+    const auto colourFrame = [&imageOf](Colour colour, std::uint16_t duration = 1) {
         return frame({{imageOf(colour), 0, 0}}, duration);
     };
     const std::uint32_t mouthImage = std::uint32_t(character.images.size());
