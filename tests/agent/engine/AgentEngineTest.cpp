@@ -4,10 +4,10 @@
 #include "FakeSpeechOutput.h"
 #include "RequestWait.h"
 #include "TestCharacter.h"
+#include "agent/EngineSettings.h"
 #include "agent/engine/EngineErrors.h"
 #include "agent/runtime/BalloonWindow.h"
 #include "agent/runtime/CharacterRuntime.h"
-#include "agent/EngineSettings.h"
 #include "agent/sheet/PropertySheet.h"
 
 #include <QFile>
@@ -63,7 +63,7 @@ protected:
     std::unique_ptr<AgentEngine> engine;
 };
 
-TEST_F(AgentEngineTest, LoadsACharacterFileAndReportsItsProperties)
+TEST_F(AgentEngineTest, LoadedCharacterReportsItsPropertiesAndRunsItsRequests)
 {
     platform::AgentCharacter& loaded = load();
     EXPECT_EQ(loaded.Name(), "Testy");
@@ -74,18 +74,29 @@ TEST_F(AgentEngineTest, LoadsACharacterFileAndReportsItsProperties)
     EXPECT_FALSE(loaded.Balloon().Visible());
     EXPECT_EQ(loaded.Left(), 0);
 
-    const platform::Request move = loaded.MoveTo(120, -5);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return move->Status() == Status::Complete; }, 2000));
+    loaded.MoveTo(120, -5);
+    loaded.Show(true);
+    const platform::Request wave = loaded.Play("wAVE");
+    EXPECT_EQ(wave->Status(), Status::Pending) << "requests run from the event loop";
+    const platform::Request speak = loaded.Speak("hello there");
+    ASSERT_TRUE(runtime::testing::waitFinished(speak));
+    EXPECT_EQ(wave->Status(), Status::Complete);
+    EXPECT_EQ(speak->Status(), Status::Complete);
     EXPECT_EQ(loaded.Left(), 120);
     EXPECT_EQ(loaded.Top(), -5);
+    EXPECT_EQ(speech->spoken, QStringList{"hello there"});
+    EXPECT_EQ(speech->lastVoice.pitchHz, 133);
+    EXPECT_EQ(speech->lastVoice.speedWpm, 177);
 }
 
-TEST_F(AgentEngineTest, LoadAndLookupFailuresAreRunTimeErrors)
+TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
 {
     QFile junk(folder.filePath("junk.acs"));
     ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
     junk.write("this is not a character file at all, just some text");
     junk.close();
+    engine->Characters().Load("K", writeCharacterFile(folder, character));
+    platform::AgentCharacter& loaded = engine->Characters().Character("K");
 
     struct Case {
         const char* name;
@@ -102,6 +113,7 @@ TEST_F(AgentEngineTest, LoadAndLookupFailuresAreRunTimeErrors)
          errors::CharacterFileMissing, ""},
         {"unknown id", [&] { engine->Characters().Character("X"); }, errors::CharacterNotLoaded,
          "X"},
+        {"unknown animation", [&] { loaded.Play("Dance"); }, errors::AnimationNotFound, "Dance"},
     };
     for (const Case& test : cases) {
         const platform::RuntimeError error = errorOf(test.call);
@@ -112,76 +124,33 @@ TEST_F(AgentEngineTest, LoadAndLookupFailuresAreRunTimeErrors)
     engine->Characters().Unload("X");
 }
 
-TEST_F(AgentEngineTest, PlayOfAnUnknownAnimationThrowsAtTheCall)
-{
-    platform::AgentCharacter& loaded = load();
-    const platform::RuntimeError error = errorOf([&] { loaded.Play("Dance"); });
-    EXPECT_EQ(error.Number, errors::AnimationNotFound);
-    EXPECT_NE(error.Number, platform::errors::ElementNotFound);
-    EXPECT_EQ(error.Source, "Agent.Control.1");
-    EXPECT_TRUE(error.Description.contains("Dance"));
-
-    loaded.Show(true);
-    const platform::Request wave = loaded.Play("wAVE");
-    EXPECT_EQ(wave->Status(), Status::Pending);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return wave->Status() == Status::Complete; }, 2000));
-}
-
-TEST_F(AgentEngineTest, ShowHideAndSpeechRaiseTheirEvents)
-{
-    platform::AgentCharacter& loaded = load();
-    loaded.Show();
-    const platform::Request speak = loaded.Speak("hello there");
-    loaded.Hide();
-    ASSERT_TRUE(waitForEvents(2));
-    EXPECT_EQ(events.events, (QStringList{"Show G 0", "Hide G 0"}));
-    EXPECT_EQ(speak->Status(), Status::Complete);
-    EXPECT_EQ(speech->spoken, QStringList{"hello there"});
-    EXPECT_EQ(speech->lastVoice.pitchHz, 133);
-    EXPECT_EQ(speech->lastVoice.speedWpm, 177);
-}
-
 TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
 {
     const QString file = writeCharacterFile(folder, character);
-    engine->Characters().Load(QStringLiteral("G"), file);
-    engine->Characters().Load(QStringLiteral("H"), file);
-    auto& g = dynamic_cast<EngineCharacter&>(engine->Characters().Character(QStringLiteral("G")));
-    auto& h = dynamic_cast<EngineCharacter&>(engine->Characters().Character(QStringLiteral("H")));
+    engine->Characters().Load("G", file);
+    engine->Characters().Load("H", file);
+    EngineCharacter& g = engine->Characters().Character("G");
+    EngineCharacter& h = engine->Characters().Character("H");
     g.Show(true);
     h.Show(true);
-    const std::vector<std::pair<EngineCharacter*, QString>> calls = {
-        {&g, QStringLiteral("gold green grey")},
-        {&h, QStringLiteral("hot hazy high")},
-        {&g, QStringLiteral("gone")},
-        {&h, QStringLiteral("here")},
-    };
-    std::vector<platform::Request> requests;
-    for (const auto& [who, text] : calls)
-        requests.push_back(who->Speak(text));
+    const std::vector<platform::Request> requests = {
+        g.Speak("gold green grey"), h.Speak("hot hazy high"), g.Speak("gone"), h.Speak("here")};
 
-    std::vector<std::size_t> finishOrder;
     std::set<QString> gSaw, hSaw;
+    bool inCallOrder = true;
+    const auto finished = [&](std::size_t i) { return runtime::testing::isFinished(requests[i]); };
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
             gSaw.insert(g.runtime().balloon().visibleText());
             hSaw.insert(h.runtime().balloon().visibleText());
-            for (std::size_t i = 0; i < requests.size(); ++i) {
-                if (runtime::testing::isFinished(requests[i]) &&
-                    std::find(finishOrder.begin(), finishOrder.end(), i) == finishOrder.end())
-                    finishOrder.push_back(i);
-            }
-            return finishOrder.size() == requests.size();
+            inCallOrder =
+                inCallOrder && (!finished(2) || finished(0)) && (!finished(3) || finished(1));
+            return finished(0) && finished(1) && finished(2) && finished(3);
         },
         5000));
+    EXPECT_TRUE(inCallOrder) << "each character's requests end in its call order";
     for (const platform::Request& request : requests)
         EXPECT_EQ(request->Status(), Status::Complete);
-    ASSERT_EQ(finishOrder.size(), 4u);
-    const auto position = [&](std::size_t i) {
-        return std::find(finishOrder.begin(), finishOrder.end(), i) - finishOrder.begin();
-    };
-    EXPECT_LT(position(0), position(2)) << "G's requests end in G's call order";
-    EXPECT_LT(position(1), position(3)) << "H's requests end in H's call order";
     EXPECT_EQ(speech->spoken, (QStringList{"gold green grey", "hot hazy high", "gone", "here"}));
     // Each balloon shows its own character's words only: G's words start with g, H's with h.
     for (const auto& [saw, initial] : {std::pair{&gSaw, u'g'}, std::pair{&hSaw, u'h'}}) {
@@ -193,7 +162,7 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
     }
 }
 
-TEST_F(AgentEngineTest, EventsWaitForTheEventLoopAndNeedASink)
+TEST_F(AgentEngineTest, EventsWaitForTheEventLoopNeedASinkAndMayThrow)
 {
     load();
     EngineCharacter& loaded = engine->Characters().Character("G");
@@ -211,6 +180,21 @@ TEST_F(AgentEngineTest, EventsWaitForTheEventLoopAndNeedASink)
     ASSERT_TRUE(QTest::qWaitFor([&] { return later; }, 2000));
     EXPECT_EQ(events.events, QStringList{"Show G 0"});
     EXPECT_FALSE(loaded.Visible());
+
+    struct Throwing : RecordingEvents {
+        void Agent1_Show(const QString&, int) override
+        {
+            throw platform::RuntimeError(5, "x", "boom");
+        }
+    } throwing;
+    engine->setEventSink(&throwing);
+    emit recognizer->listeningFailed(platform::errors::SoundSystemBusy, platform::AgentSource,
+                                     "the microphone is in use");
+    loaded.Show(true);
+    loaded.Hide();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return throwing.events.size() == 2; }, 2000));
+    EXPECT_EQ(throwing.events, (QStringList{"Error -2147220713 Agent.Control.1", "Hide G 0"}))
+        << "a throwing handler stays inside the engine";
 }
 
 TEST_F(AgentEngineTest, RecogniserHearsTheEnabledCommands)
@@ -236,7 +220,7 @@ TEST_F(AgentEngineTest, RecogniserHearsTheEnabledCommands)
     EXPECT_TRUE(recognizer->phrases.empty());
 }
 
-TEST_F(AgentEngineTest, SpeechFlags)
+TEST_F(AgentEngineTest, SpeechFlagsAndThePropertySheet)
 {
     EXPECT_TRUE(engine->AudioOutputEnabled());
     EngineSettings::shared().setSpeechOutputEnabled(false);
@@ -252,42 +236,13 @@ TEST_F(AgentEngineTest, SpeechFlags)
 
     AgentEngine deaf(std::make_unique<FakeSpeechOutput>(), nullptr);
     EXPECT_FALSE(deaf.SpeechInputInstalled());
-}
 
-TEST_F(AgentEngineTest, PropertySheetOpensOnThePageAsked)
-{
     engine->setPropertySheetPage("Speech");
     engine->setPropertySheetVisible(true);
     EXPECT_TRUE(engine->propertySheet().isVisible());
     EXPECT_EQ(engine->propertySheet().page(), "Speech");
     EXPECT_NE(engine->propertySheet().findChild<QWidget*>("speech input controls"), nullptr)
         << "the speech page hosts the recogniser's controls";
-    engine->setPropertySheetPage("Output");
-    EXPECT_EQ(engine->propertySheet().page(), "Output");
     engine->setPropertySheetVisible(false);
     EXPECT_FALSE(engine->propertySheet().isVisible());
-}
-
-TEST_F(AgentEngineTest, ListeningThatCannotStartIsRaisedAsAnError)
-{
-    emit recognizer->listeningFailed(platform::errors::SoundSystemBusy, platform::AgentSource,
-                                     "the microphone is in use");
-    ASSERT_TRUE(waitForEvents(1));
-    EXPECT_EQ(events.events, QStringList{"Error -2147220713 Agent.Control.1"});
-}
-
-TEST_F(AgentEngineTest, ThrowingHandlersStayInsideTheEngine)
-{
-    struct Throwing : RecordingEvents {
-        void Agent1_Show(const QString&, int) override
-        {
-            throw platform::RuntimeError(5, "x", "boom");
-        }
-    } throwing;
-    engine->setEventSink(&throwing);
-    platform::AgentCharacter& loaded = load();
-    loaded.Show(true);
-    loaded.Hide();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return throwing.events.size() == 1; }, 2000));
-    EXPECT_EQ(throwing.events, QStringList{"Hide G 0"});
 }

@@ -43,30 +43,20 @@ TEST(CharacterInfoTest, LanguageIdsOfLocales)
 
 TEST(CharacterInfoTest, VoiceFromTheFileOrDefaults)
 {
-    acs::CharacterData character;
-    struct Case {
-        const char* name;
-        std::optional<acs::VoiceInfo> voice;
-        int pitch;
-        int speed;
+    const auto voiceOf = [](std::optional<acs::VoiceInfo> voice) {
+        acs::CharacterData character;
+        character.voice = voice;
+        const VoiceDefaults result = characterVoice(character);
+        return std::pair(result.pitchHz, result.speedWpm);
     };
     acs::VoiceInfo own;
     own.pitch = 140;
     own.speed = 180;
-    acs::VoiceInfo engineDefaults;
     acs::VoiceInfo zeros;
     zeros.pitch = 0;
     zeros.speed = 0;
-    const Case cases[] = {
-        {"own voice", own, 140, 180},
-        {"engine defaults", engineDefaults, 100, 150},
-        {"no voice section", std::nullopt, 100, 150},
-        {"zeros", zeros, 100, 150},
-    };
-    for (const Case& test : cases) {
-        character.voice = test.voice;
-        const VoiceDefaults voice = characterVoice(character);
-        EXPECT_EQ(voice.pitchHz, test.pitch) << test.name;
-        EXPECT_EQ(voice.speedWpm, test.speed) << test.name;
-    }
+    EXPECT_EQ(voiceOf(own), std::pair(140, 180));
+    for (const auto& defaults :
+         {std::optional(acs::VoiceInfo{}), std::optional(zeros), std::optional<acs::VoiceInfo>()})
+        EXPECT_EQ(voiceOf(defaults), std::pair(100, 150));
 }

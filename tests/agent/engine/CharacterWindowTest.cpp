@@ -44,56 +44,41 @@ QImage screenOnce(QPoint where, QRgb colour)
     return screen;
 }
 
-class CharacterWindowTest : public ::testing::Test
+// The character on an X desktop: drawn where it stands, see-through around its shape, and
+// answering clicks, drags and its popup menu.
+TEST(CharacterWindowTest, StandsOnTheDesktopAndAnswersTheMouse)
 {
-protected:
-    void SetUp() override
-    {
-        EngineOptions options;
-        options.seed = 1;
-        options.timing.idleDelay = 600000;
-        engine = std::make_unique<AgentEngine>(std::make_unique<FakeSpeechOutput>(),
-                                               std::make_unique<FakeRecognizer>(), options);
-        engine->setEventSink(&events);
-        engine->Characters().Load("G", writeCharacterFile(folder, squareCharacter()));
-        character = &engine->Characters().Character("G");
-        character->setIdleOn(false);
-        window = &character->runtime().window();
-    }
-
-    bool waitForEvent(const QString& event)
-    {
+    ASSERT_EQ(QGuiApplication::platformName(), "xcb");
+    QTemporaryDir folder;
+    RecordingEvents events;
+    EngineOptions options;
+    options.seed = 1;
+    options.timing.idleDelay = 600000;
+    AgentEngine engine(std::make_unique<FakeSpeechOutput>(), std::make_unique<FakeRecognizer>(),
+                       options);
+    engine.setEventSink(&events);
+    engine.Characters().Load("G", writeCharacterFile(folder, squareCharacter()));
+    EngineCharacter* character = &engine.Characters().Character("G");
+    character->setIdleOn(false);
+    runtime::CharacterWindow* window = &character->runtime().window();
+    const auto waitForEvent = [&events](const QString& event) {
         return QTest::qWaitFor([&] { return events.events.contains(event); }, 5000);
-    }
-
+    };
     // Right-clicks the character; the popup menu that opens, or null.
-    QMenu* rightClick()
-    {
+    const auto rightClick = [window] {
         QTest::mouseClick(window, Qt::RightButton, {}, QPoint(30, 30));
         (void)QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }, 3000);
         return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    }
+    };
+    platform::AgentCommands& commands = character->Commands();
+    commands.Add("Time", "What is the Time?", {}, true, true);
+    commands.Add("Notes", "Notes && Reminders", {}, false, true);
 
-    void showAt(int x, int y)
-    {
-        character->MoveTo(std::int16_t(x), std::int16_t(y));
-        character->Show(true);
-        ASSERT_TRUE(waitForEvent("Show G 0"));
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-    }
-
-    QTemporaryDir folder;
-    RecordingEvents events;
-    std::unique_ptr<AgentEngine> engine;
-    EngineCharacter* character = nullptr;
-    runtime::CharacterWindow* window = nullptr;
-};
-
-TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
-{
-    ASSERT_EQ(QGuiApplication::platformName(), "xcb");
     const QImage before = grabScreen();
-    showAt(Left, Top);
+    character->MoveTo(Left, Top);
+    character->Show(true);
+    ASSERT_TRUE(waitForEvent("Show G 0"));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
     const QImage after = screenOnce({Left + 30, Top + 30}, rgba(Red));
 
     EXPECT_EQ(window->pos(), QPoint(Left, Top));
@@ -110,42 +95,6 @@ TEST_F(CharacterWindowTest, CharacterStandsOnTheDesktopAndIsSeeThroughAroundIt)
     EXPECT_TRUE(window->mask().contains(QPoint(20, 20)));
     EXPECT_FALSE(window->mask().contains(QPoint(5, 5))) << "no input on transparent pixels";
 
-    character->Hide();
-    ASSERT_TRUE(waitForEvent("Hide G 0"));
-    const QPoint middle(Left + 30, Top + 30);
-    EXPECT_EQ(screenOnce(middle, before.pixel(middle)).pixel(middle), before.pixel(middle));
-}
-
-TEST_F(CharacterWindowTest, RightClickOpensThePopupMenu)
-{
-    platform::AgentCommands& commands = character->Commands();
-    commands.Add("Time", "What is the Time?", {}, true, true);
-    commands.Add("Notes", "Notes && Reminders", {}, false, true);
-    commands.Add("Yes", "Yes", {}, true, false);
-    commands.Add(" ", " ", {}, false, true);
-    showAt(Left, Top);
-
-    QMenu* menu = rightClick();
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menuTexts(*menu), (QStringList{"What is the Time?", "Notes && Reminders (grey)",
-                                             "----", "----", "Hide"}));
-    ASSERT_TRUE(waitForEvent("Click G 2 0"));
-    EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 30, Top + 30));
-
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
-    ASSERT_TRUE(waitForEvent("Command Time"));
-
-    menu = rightClick();
-    ASSERT_NE(menu, nullptr);
-    QTest::mouseClick(menu, Qt::LeftButton, {},
-                      menu->actionGeometry(menu->actions().last()).center());
-    ASSERT_TRUE(waitForEvent("Hide G 1")) << "Hide picked by the user";
-    EXPECT_FALSE(character->Visible());
-}
-
-TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
-{
-    showAt(Left, Top);
     QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(30, 30));
     ASSERT_TRUE(waitForEvent("Click G 1 0"));
 
@@ -161,4 +110,23 @@ TEST_F(CharacterWindowTest, LeftButtonClicksAndDrags)
     EXPECT_EQ(character->Top(), Top + 25);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window->pos() == QPoint(Left + 40, Top + 25); }));
     EXPECT_EQ(events.events.count("Click G 1 0"), 1) << "a drag is not a click";
+
+    QMenu* menu = rightClick();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menuTexts(*menu),
+              (QStringList{"What is the Time?", "Notes && Reminders (grey)", "----", "Hide"}));
+    ASSERT_TRUE(waitForEvent("Click G 2 0"));
+    EXPECT_EQ(events.clickPositions.last(), QPoint(Left + 70, Top + 55));
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[0]).center());
+    ASSERT_TRUE(waitForEvent("Command Time"));
+
+    menu = rightClick();
+    ASSERT_NE(menu, nullptr);
+    QTest::mouseClick(menu, Qt::LeftButton, {},
+                      menu->actionGeometry(menu->actions().last()).center());
+    ASSERT_TRUE(waitForEvent("Hide G 1")) << "Hide picked by the user";
+    EXPECT_FALSE(character->Visible());
+    const QPoint middle(Left + 70, Top + 55);
+    EXPECT_EQ(screenOnce(middle, before.pixel(middle)).pixel(middle), before.pixel(middle))
+        << "the desktop is back where the character stood";
 }

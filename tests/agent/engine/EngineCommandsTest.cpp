@@ -19,7 +19,7 @@ QStringList phraseNames(const EngineCommands& commands)
     return names;
 }
 
-TEST(EngineCommandsTest, ListAndLookup)
+TEST(EngineCommandsTest, ListLookupAndUnknownNamesOrPositions)
 {
     int changes = 0;
     EngineCommands commands([&changes] { ++changes; });
@@ -31,6 +31,15 @@ TEST(EngineCommandsTest, ListAndLookup)
     EXPECT_EQ(commands.Command("Time").Caption(), "What is the Time?");
     EXPECT_EQ(phraseNames(commands), QStringList{"Time=What is the time"})
         << "disabled entries and blank voices are not listened for";
+    const std::function<void()> unknown[] = {[&] { commands.Command("time"); },
+                                             [&] { commands.Command("Date"); },
+                                             [&] { commands.At(3); }, [&] { commands.At(-1); }};
+    for (const auto& call : unknown) {
+        const platform::RuntimeError error = errorOf(call);
+        EXPECT_EQ(error.Number, errors::CommandNotFound);
+        EXPECT_EQ(error.Source, "Agent.Control.1");
+        EXPECT_FALSE(error.Description.isEmpty());
+    }
 
     const int before = changes;
     commands.Command("Yes").setEnabled(true);
@@ -48,21 +57,6 @@ TEST(EngineCommandsTest, ListAndLookup)
     commands.RemoveAll();
     EXPECT_EQ(commands.Count(), 0);
     EXPECT_TRUE(commands.phrases().empty());
-}
-
-TEST(EngineCommandsTest, UnknownNamesAndPositionsThrow)
-{
-    EngineCommands commands([] {});
-    commands.Add("Time", {}, {}, true, true);
-    const std::function<void()> calls[] = {[&] { commands.Command("time"); },
-                                           [&] { commands.Command("Date"); },
-                                           [&] { commands.At(1); }, [&] { commands.At(-1); }};
-    for (const auto& call : calls) {
-        const platform::RuntimeError error = errorOf(call);
-        EXPECT_EQ(error.Number, errors::CommandNotFound);
-        EXPECT_EQ(error.Source, "Agent.Control.1");
-        EXPECT_FALSE(error.Description.isEmpty());
-    }
 }
 
 TEST(EngineCommandsTest, PopupMenuEntries)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "agent/EngineServices.h"
+#include "agent/acs/AcsFile.h"
 #include "agent/acs/CharacterData.h"
 #include "platform/Agent.h"
 
 #include <QAction>
+#include <QFile>
 #include <QMenu>
 #include <QPoint>
 #include <QStringList>
@@ -94,7 +96,13 @@ inline QStringList menuTexts(const QMenu& menu)
 }
 
 // Writes the character as an .acs file in a temporary folder and gives its path.
-QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character,
-                           const QString& fileName = QStringLiteral("test.acs"));
+inline QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character,
+                                  const QString& fileName = QStringLiteral("test.acs"))
+{
+    QFile file(folder.filePath(fileName));
+    if (!file.open(QIODevice::WriteOnly) || file.write(acs::writeAcs(character)) < 0)
+        return {};
+    return file.fileName();
+}
 
 } // namespace agent::engine::testing

@@ -15,11 +15,30 @@ class FakeSpeechOutput : public SpeechOutput
 {
     Q_OBJECT
 public:
-    explicit FakeSpeechOutput(int wordMs = 20);
+    explicit FakeSpeechOutput(int wordMs = 20)
+    {
+        timer_.setInterval(wordMs);
+        connect(&timer_, &QTimer::timeout, this, &FakeSpeechOutput::nextWord);
+    }
 
     bool available() const override { return available_; }
-    void speak(const QString& taggedText, const VoiceDefaults& voice) override;
-    void stop() override;
+    void speak(const QString& taggedText, const VoiceDefaults& voice) override
+    {
+        stop();
+        spoken << taggedText;
+        lastVoice = voice;
+        words_ = taggedText.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        shown_ = 0;
+        failing_ = std::exchange(failNext, false);
+        timer_.start();
+    }
+    void stop() override
+    {
+        if (timer_.isActive()) {
+            timer_.stop();
+            emit finished(false);
+        }
+    }
     void playSound(std::shared_ptr<const std::vector<qint16>>) override {}
 
     bool available_ = true;
@@ -29,9 +48,20 @@ public:
     VoiceDefaults lastVoice;
 
 private:
-    void nextWord();
+    void nextWord()
+    {
+        if (shown_ >= words_.size()) {
+            timer_.stop();
+            emit mouthChanged(acs::Mouth::Closed);
+            emit finished(!failing_);
+            return;
+        }
+        ++shown_;
+        emit mouthChanged(shown_ % 2 ? acs::Mouth::OpenWide3 : acs::Mouth::OpenNarrow);
+        emit balloonTextChanged(words_.mid(0, shown_).join(QLatin1Char(' ')),
+                                words_.join(QLatin1Char(' ')));
+    }
 
-    int wordMs_;
     QTimer timer_;
     QStringList words_;
     int shown_ = 0;

@@ -2,13 +2,22 @@
 
 #include "platform/Agent.h"
 
+#include <QTest>
+
 namespace agent::runtime::testing
 {
 
 // True once the request has run: complete, failed or interrupted.
-bool isFinished(const platform::Request& request);
+inline bool isFinished(const platform::Request& request)
+{
+    const int status = request->Status();
+    return status != platform::AgentRequest::Pending &&
+           status != platform::AgentRequest::InProgress;
+}
 
-// Lets the event loop run until the request has run; false when it has not after timeoutMs.
-bool waitFinished(const platform::Request& request, int timeoutMs = 5000);
+inline bool waitFinished(const platform::Request& request, int timeoutMs = 5000)
+{
+    return QTest::qWaitFor([&request] { return isFinished(request); }, timeoutMs);
+}
 
 } // namespace agent::runtime::testing

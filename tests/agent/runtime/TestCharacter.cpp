@@ -1,5 +1,7 @@
 #include "TestCharacter.h"
 
+#include <tuple>
+
 namespace agent::runtime::testing
 {
 
@@ -8,11 +10,6 @@ namespace
 
 constexpr std::uint32_t Palette[] = {0x00FF00FF, 0x00FF0000, 0x0000FF00,
                                      0x000000FF, 0x00FFFFFF, 0x00000000};
-
-std::uint32_t imageOf(Colour colour)
-{
-    return std::uint32_t(colour) - 1;
-}
 
 } // namespace
 
@@ -70,7 +67,8 @@ acs::CharacterData blankCharacter(int width, int height)
 acs::CharacterData fullCharacter()
 {
     acs::CharacterData character = blankCharacter();
-    const auto colourFrame = [](Colour colour, std::uint16_t duration = 1) {
+    const auto imageOf = [](Colour colour) { return std::uint32_t(colour) - 1; };
+    const auto colourFrame = [&imageOf](Colour colour, std::uint16_t duration = 1) {
         return frame({{imageOf(colour), 0, 0}}, duration);
     };
     const std::uint32_t mouthImage = std::uint32_t(character.images.size());
@@ -98,28 +96,22 @@ acs::CharacterData fullCharacter()
         animation(QStringLiteral("Show"), {colourFrame(Green), colourFrame(White)}),
         animation(QStringLiteral("Hide"), {colourFrame(White), colourFrame(Green)}),
         animation(QStringLiteral("RestPose"), {rest}),
-        animation(QStringLiteral("Idle1"), {colourFrame(Red)}),
-        animation(QStringLiteral("Idle2"), {colourFrame(Green)}),
-        animation(QStringLiteral("Idle3"), {colourFrame(Blue)}),
-        animation(QStringLiteral("MoveLeft"), {colourFrame(Red)}),
-        animation(QStringLiteral("MoveRight"), {colourFrame(Green)}),
-        animation(QStringLiteral("MoveUp"), {colourFrame(Blue)}),
-        animation(QStringLiteral("MoveDown"), {colourFrame(Black)}),
         animation(QStringLiteral("Wave"), {colourFrame(Red), colourFrame(Blue)}),
         loop,
     };
-    character.states = {
-        {QStringLiteral("Showing"), {QStringLiteral("SHOW")}},
-        {QStringLiteral("Hiding"), {QStringLiteral("Hide")}},
-        {QStringLiteral("Speaking"), {QStringLiteral("RestPose")}},
-        {QStringLiteral("IdlingLevel1"), {QStringLiteral("Idle1")}},
-        {QStringLiteral("IdlingLevel2"), {QStringLiteral("Idle2")}},
-        {QStringLiteral("IdlingLevel3"), {QStringLiteral("Idle3")}},
-        {QStringLiteral("MovingLeft"), {QStringLiteral("MoveLeft")}},
-        {QStringLiteral("MovingRight"), {QStringLiteral("MoveRight")}},
-        {QStringLiteral("MovingUp"), {QStringLiteral("MoveUp")}},
-        {QStringLiteral("MovingDown"), {QStringLiteral("MoveDown")}},
+    character.states = {{QStringLiteral("Showing"), {QStringLiteral("SHOW")}},
+                        {QStringLiteral("Hiding"), {QStringLiteral("Hide")}},
+                        {QStringLiteral("Speaking"), {QStringLiteral("RestPose")}}};
+    const std::tuple<const char*, const char*, Colour> oneFrame[] = {
+        {"IdlingLevel1", "Idle1", Red},      {"IdlingLevel2", "Idle2", Green},
+        {"IdlingLevel3", "Idle3", Blue},     {"MovingLeft", "MoveLeft", Red},
+        {"MovingRight", "MoveRight", Green}, {"MovingUp", "MoveUp", Blue},
+        {"MovingDown", "MoveDown", Black},
     };
+    for (const auto& [state, name, colour] : oneFrame) {
+        character.animations.push_back(animation(QLatin1String(name), {colourFrame(colour)}));
+        character.states.push_back({QLatin1String(state), {QLatin1String(name)}});
+    }
     return character;
 }
 
