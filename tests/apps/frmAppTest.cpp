@@ -137,7 +137,8 @@ struct frmAppTest : ::testing::Test {
     std::function<void(InstalledAppPicker&)> onPicker;
 };
 
-TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
+// An entry with both boxes ticked is app_setup.sh's.
+TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
 {
     open([&](frmApp& f) {
         // With no file nothing is selected: these stay enabled and do nothing.
@@ -148,7 +149,6 @@ TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
         EXPECT_EQ(f.List1->count(), 0);
         EXPECT_TRUE(program.fp.dialogs.boxes.empty());
 
-        add(f, u"Editor"_s, u"Open the editor"_s, u"/usr/bin/editor --new"_s);
         click(f.chkVisible);
         add(f, u"Mail"_s, u"Read my mail"_s, u"mutt"_s);
         click(f.chkVisible);
@@ -158,20 +158,18 @@ TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
     });
 
     EXPECT_EQ(ReadAppsFile(file_),
-              (std::vector<AppRecord>{{"Editor", "Open the editor", "/usr/bin/editor --new", 1, 1},
-                                      {"Mail", "Read my mail", "mutt", 0, 1},
+              (std::vector<AppRecord>{{"Mail", "Read my mail", "mutt", 0, 1},
                                       {"Music", "Play music", "player", 1, 0}}));
-    EXPECT_EQ(appCommands(), QStringList({u"Commands.Add( 1,Editor,Open the editor,1,1)"_s,
-                                          u"Commands.Add( 2,Mail,Read my mail,1,0)"_s,
-                                          u"Commands.Add( 3,Music,Play music,0,1)"_s}));
+    EXPECT_EQ(appCommands(), QStringList({u"Commands.Add( 1,Mail,Read my mail,1,0)"_s,
+                                          u"Commands.Add( 2,Music,Play music,0,1)"_s}));
     EXPECT_TRUE(program.character().Commands().Visible());
     EXPECT_EQ(program.app.ModalOpen, 0);
 
     open([&](frmApp& f) {
-        EXPECT_EQ(lines(f.List1), QStringList({u"Editor"_s, u"Mail"_s, u"Music"_s}));
-        EXPECT_EQ(f.txtVoice->text(), u"Open the editor"_s);
+        EXPECT_EQ(lines(f.List1), QStringList({u"Mail"_s, u"Music"_s}));
+        EXPECT_EQ(f.txtVoice->text(), u"Read my mail"_s);
         EXPECT_FALSE(f.cmdUp->isEnabled());
-        f.List1->setCurrentRow(2);
+        f.List1->setCurrentRow(1);
         EXPECT_EQ(f.txtPath->text(), u"player"_s);
         EXPECT_TRUE(f.chkVisible->isChecked());
         EXPECT_FALSE(f.chkVoice->isChecked());

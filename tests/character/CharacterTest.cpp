@@ -225,7 +225,6 @@ TEST_F(CharacterTest, ClicksOnTheCharacter)
         {"another character", "H", 1, on, on, true, true, false, false},
         {"right pauses a reading", "G", 2, off, on, true, true, false, true},
         {"right, continue disabled", "G", 2, off, on, true, false, false, false},
-        {"right, no reading", "G", 2, on, on, false, true, false, false},
         {"middle", "G", 4, on, on, true, true, false, false},
     };
     for (const auto& c : cases) {

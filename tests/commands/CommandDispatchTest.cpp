@@ -63,8 +63,7 @@ TEST_F(CommandDispatchTest, AWeightyCommandAsksInItsWindowAndNoGivesEverythingBa
     } cases[] = {
         {"Shut", "Shut Down", "shut down?", true, false, false},
         {"Restart", "Restart", "restart?", false, false, true},
-        {"CloseQuorl", "Close Quorl", "close Quorl?", true, true, false},
-        {"Shut", "Shut Down", "shut down?", false, true, true},
+        {"CloseQuorl", "Close Quorl", "close Quorl?", false, true, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.name.toStdString() << " visible " << c.mainVisible

@@ -30,19 +30,14 @@ struct ReadingFixture : fakes::LoadedProgram {
         app.AnimateRead = "0";
     }
 
-    QString writeFile(const QByteArray& bytes, const QString& name = "text.txt")
-    {
-        const QString path = dir.filePath(name);
-        QFile file(path);
-        file.open(QIODevice::WriteOnly);
-        file.write(bytes);
-        return path;
-    }
-
     // Picks the file in the open dialog of "Read Text File".
     void readFile(const QByteArray& bytes, const QString& name = "text.txt")
     {
-        fp.dialogs.files.push_back(writeFile(bytes, name));
+        QFile file(dir.filePath(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+        file.close();
+        fp.dialogs.files.push_back(file.fileName());
         mnuFileRead_Click(app);
     }
 
@@ -528,7 +523,6 @@ TEST_F(ReadingTest, TalkReadsTheTextBox)
         QString animate, text;
         QStringList calls;
     } cases[] = {
-        {"1", "", {"Play(Read)", "Play(ReadReturn)"}},
         {"1", "Hello", {"Play(Read)", line, "Play(ReadReturn)"}},
         {"0", "Hello", {line}},
     };
