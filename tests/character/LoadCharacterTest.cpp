@@ -47,7 +47,6 @@ struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
 TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrderAndAReloadKeepsThePlace)
 {
     EXPECT_FALSE(load(true, Good));
-    ASSERT_NE(app.Character, nullptr);
     EXPECT_EQ(app.Character, fp.agent->character());
     EXPECT_EQ(fp.agent->calls.mid(0, 2), QStringList({"Load(G," + Good + ")", "MoveTo(0,0)"}));
     EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
