@@ -15,7 +15,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-// Speaking, the voice panel and the character's events.
+// Speaking, the voice panel and the character's events. The balloon's hiding map is ClockTest's.
 struct CharacterTest : CharacterFixture, ::testing::Test {
     QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
 };
@@ -39,16 +39,15 @@ TEST_F(CharacterTest, LineIsTagsAndTextAsTheyStandAndAKeptTextBoxStays)
     const QString voice = R"(\pit=110\\spd=150\\vol=900\)";
     const QString normal = R"(\chr="normal"\)" + voice, whisper = R"(\chr="whisper"\)" + voice;
     const struct {
-        bool whisper, hideBalloon, visible;
+        bool whisper, visible;
         QString text, calls;
     } cases[] = {
-        {false, false, true, "Hello.", "Speak(" + normal + "Hello.)"},
-        {true, false, true, "Hello.", "Speak(" + whisper + "Hello.)"},
-        {false, true, true, "Hello.", "Speak(" + normal + R"(\map="Hello."=""\))"},
-        {false, false, true, R"(a \b\ "c")", "Speak(" + normal + R"(a \b\ "c"))"},
-        {false, false, true, "  x ", "Speak(" + normal + "  x )"},
+        {false, true, "Hello.", "Speak(" + normal + "Hello.)"},
+        {true, true, "Hello.", "Speak(" + whisper + "Hello.)"},
+        {false, true, R"(a \b\ "c")", "Speak(" + normal + R"(a \b\ "c"))"},
+        {false, true, "  x ", "Speak(" + normal + "  x )"},
         // A hidden character is shown first.
-        {false, false, false, "Hi", "Show(0) Speak(" + normal + "Hi)"},
+        {false, false, "Hi", "Show(0) Speak(" + normal + "Hi)"},
     };
     form().txtText->setPlainText("old");
     for (const auto& c : cases) {
@@ -56,7 +55,6 @@ TEST_F(CharacterTest, LineIsTagsAndTextAsTheyStandAndAKeptTextBoxStays)
         fp.agent->calls.clear();
         character().visible = c.visible;
         form().chkWhisper->setChecked(c.whisper);
-        form().chkBalloon->setChecked(c.hideBalloon);
         SayText(app, c.text, true);
         EXPECT_EQ(fp.agent->calls.join(' '), c.calls);
         EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
