@@ -75,16 +75,7 @@ TEST(NoteScheduleTest, ThePresentTimeIsShownOnATwelveHourClock)
     EXPECT_EQ(ReviewTime("12", -1, "PM"), QStringLiteral("12:-01 PM"));
 }
 
-class LoadNotesTest : public NotesFixture
-{
-protected:
-    void writeBytes(qint64 size)
-    {
-        QFile file(notesFile());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_TRUE(file.resize(size));
-    }
-};
+using LoadNotesTest = NotesFixture;
 
 TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveTheTableEmpty)
 {
@@ -96,6 +87,10 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
         return [this, records] { WriteNotesFile(notesFile(), records); };
     };
     const auto unopenable = [this] { QDir().mkdir(notesFile()); };
+    const auto oversized = [this] {
+        QFile file(notesFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(32768LL * 566));
+    };
     const auto mendedOnRetry = [&] {
         unopenable();
         fp.dialogs.onBox = [&](const fakes::Box&) {
@@ -123,7 +118,7 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
         {"a 1 last", write({{two, "a", ""}, {on, "b", "x"}}), {{}, two, on}, true},
         {"Cancel", unopenable, {{}}, false, {BoxAnswer::Cancel}, {retry, notLoaded}},
         {"Retry", mendedOnRetry, {{}, on}, true, {BoxAnswer::Retry}, {retry}},
-        {"over 32767 records", [this] { writeBytes(32768LL * 566); }, {{}}, false, {}, {overflow}},
+        {"over 32767 records", oversized, {{}}, false, {}, {overflow}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);

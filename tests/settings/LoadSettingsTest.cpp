@@ -162,23 +162,16 @@ TEST(LoadSettingsTest, TopmostAndStartVisibility)
 
 using namespace RegFunctions;
 
-struct RegFunctionsTest : ::testing::Test {
-    fakes::FakeStore store;
-    Settings settings{store};
-};
-
-TEST_F(RegFunctionsTest, AnEmptyValueIsReplacedByTheDefault)
+TEST(RegFunctionsTest, AnEmptyValueIsReplacedAndDataEndsAtANulOrIsSixteenBits)
 {
+    fakes::FakeStore store;
+    const Settings settings{store};
     store.setValue("Greeting", QString());
     EXPECT_EQ(settings.Get("Greeting", "0"), "0");
     EXPECT_EQ(store.value("Greeting"), "0");
-}
 
-TEST_F(RegFunctionsTest, DataIsReadUpToTheFirstNulAndBinaryAsSixteenBits)
-{
     store.setRaw("B", platform::RegistryStore::String, QByteArray("\0cd", 3));
     EXPECT_EQ(settings.ReadText("B"), QString());
-
     store.setRaw("Odd", platform::RegistryStore::Binary, QByteArray("\xfe\xff\x07", 3));
     const KeyValue value = settings.Read("Odd");
     ASSERT_TRUE(std::holds_alternative<std::int16_t>(value));
