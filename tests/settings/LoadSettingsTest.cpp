@@ -7,7 +7,6 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QSlider>
 #include <gtest/gtest.h>
@@ -122,7 +121,6 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
     for (const QString view : {"True", "False", "0"}) {
         const SettingsRun v(std::map<QString, QString>{{"ViewVoiceSettings", view}});
         EXPECT_EQ(v.app.MainForm->mnuViewVoice->isChecked(), view == "True");
-        EXPECT_EQ(v.app.MainForm->Frame1->isHidden(), view != "True");
     }
 }
 
