@@ -228,7 +228,6 @@ TEST_F(frmRemindTest, SpeechFollowsTheSwitchesInItsOrderAndEnterCloses)
             EXPECT_LT(fp.agent->calls.indexOf("Show(1)"),
                       fp.agent->calls.indexOf(fp.agent->callsStartingWith("Speak(").value(0)));
         }
-        EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         EXPECT_EQ(app.ModalOpen, 1);
         EXPECT_FALSE(character().Commands().Visible());
         if (c.enterInText)
