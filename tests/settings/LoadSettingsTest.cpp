@@ -75,7 +75,6 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
     EXPECT_EQ(t.stored("WinX"), QString::number(t.app.MainForm->LeftTwips()));
     EXPECT_GT(t.app.MainForm->LeftTwips(), 0);
     EXPECT_LT(t.app.MainForm->LeftTwips(), ScreenWidth / 2);
-    EXPECT_EQ(t.stored("WinY"), "600");
 }
 
 TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
