@@ -1,6 +1,5 @@
 #include "EngineTestSupport.h"
 #include "FakeSpeechOutput.h"
-#include "Listening.h"
 #include "TestCharacter.h"
 #include "TestSpeech.h"
 #include "agent/engine/AgentEngine.h"
@@ -48,12 +47,7 @@ TEST(ChangedVoiceTextTest, TheRecogniserHearsTheNewPhraseAndNotTheOld)
     ShowOptions(app, 3);
 
     const auto heard = [&recognizer](const QString& text) {
-        const QString wav =
-            listentest::spokenWav(text, {QStringLiteral("flite"), QStringLiteral("kal16"), 0});
-        EXPECT_FALSE(wav.isEmpty());
-        const listentest::Heard result = listentest::listen(recognizer, wav);
-        EXPECT_TRUE(result.answered);
-        return result.name.toStdString();
+        return listentest::heardName(recognizer, listentest::spokenWav(text)).toStdString();
     };
     EXPECT_EQ(heard("Tell me the time"), "Time");
     EXPECT_NE(heard("What is the time"), "Time");
