@@ -33,9 +33,13 @@ QApplication& application()
 
 std::vector<std::vector<std::int16_t>> commandUtterances()
 {
-    std::vector<listentest::Voice> voices = listentest::fliteVoices();
-    for (const listentest::Voice& voice : listentest::espeakVoices())
-        voices.push_back(voice);
+    // Full-vocabulary flite voices and four espeak-ng voices at two rates.
+    std::vector<listentest::Voice> voices;
+    for (const char* name : {"kal", "kal16", "awb", "rms", "slt"})
+        voices.push_back({"flite", name, 0});
+    for (const char* name : {"en-us", "en-us+m3", "en-us+f2", "en-us+f4"})
+        for (int rate : {150, 190})
+            voices.push_back({"espeak-ng", name, rate});
     std::vector<std::vector<std::int16_t>> utterances;
     for (const listentest::Voice& voice : voices)
         for (const agent::VoicePhrase& entry : listentest::commandTable()) {

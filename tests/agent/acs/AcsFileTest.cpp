@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <random>
 
 using namespace agent::acs;
 using namespace agent::acs::testing;
@@ -99,29 +98,6 @@ TEST(AcsReaderErrors, RefusesEveryTruncation)
         EXPECT_THROW(readAcs(file.left(size)), FormatError) << "truncated to " << size;
 }
 
-// Flipped bytes may still form a valid file; the reader must either succeed or throw
-// FormatError, never crash or throw anything else.
-TEST(AcsReaderErrors, SurvivesRandomMutations)
-{
-    for (bool compressed : {true, false}) {
-        const QByteArray original = writeAcs(syntheticCharacter(), {compressed});
-        std::mt19937 random(1234);
-        int refused = 0;
-        for (int round = 0; round < 1500; ++round) {
-            QByteArray file = original;
-            const int flips = 1 + int(random() % 8);
-            for (int i = 0; i < flips; ++i)
-                file[qsizetype(random() % std::uint32_t(file.size()))] ^= char(1 + random() % 255);
-            try {
-                readAcs(file);
-            } catch (const FormatError&) {
-                ++refused;
-            }
-        }
-        EXPECT_GT(refused, 0);
-    }
-}
-
 TEST(AcsReaderErrors, NamesOtherFormats)
 {
     const QByteArray body(64, '\0');
@@ -149,8 +125,6 @@ TEST(AcsReaderErrors, ExplainsCorruptStructures)
          "image list: 4294967295 entries cannot fit"},
         {[](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
          "image list: image 1: compressed data does not start with 0x00"},
-        {[](QByteArray& f) { f[imageRecord(f, 1) + 1] = 100; },
-         "image list: image 1: decoded 112 of 700 bytes: end marker"},
         {[](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
          "image list: image 1: pixel data: needs 2147483647 bytes"},
     };

@@ -79,8 +79,6 @@ TEST(Decompressor, DecodesEachKindOfToken)
          tail(4673, 3)},
         {"class 3, k=11", Tokens().literals(4673).copy(3, 0, 11, 2047).end().bytes(),
          tail(4673, 4097)},
-        {"run from one byte", Tokens().literal('x').copy(0, 0, 3, 3).end().bytes(),
-         QByteArray(13, 'x')},
         {"overlapping period 2", Tokens().literal('a').literal('b').copy(0, 1, 2, 1).end().bytes(),
          QByteArray("abababab")},
         {"stops when full, without marker", Tokens().literals(3).bytes(false), sequence(3)},
@@ -95,12 +93,8 @@ TEST(Decompressor, RefusesCorruptInput)
 {
     const std::tuple<const char*, QByteArray, qsizetype, const char*> cases[] = {
         {"empty input", QByteArray(), 0, "does not start with 0x00"},
-        {"first byte not zero", QByteArray::fromHex("01FFFFFFFFFFFF"), 1,
-         "does not start with 0x00"},
         {"copy before the start", Tokens().literal(1).copy(0, 1, 0, 0).end().bytes(), 10,
          "decoded 1 of 10 bytes: back-reference before the start"},
-        {"copy from nothing", Tokens().copy(0, 0, 0, 0).end().bytes(), 4,
-         "decoded 0 of 4 bytes: back-reference"},
         {"twelve length bits",
          Tokens().literal(1).bits(1, 1).bits(0, 1).bits(0, 6).bits(0xFFF, 12).bytes(), 100,
          "decoded 1 of 100 bytes: length prefix longer than 11 bits"},
@@ -130,17 +124,12 @@ TEST(Compressor, RoundTripsAndShrinksRepetitiveData)
         byte = char(random());
     QByteArray farRepeat = noise.left(6000);
     farRepeat += farRepeat;
-    QByteArray picture;
-    for (int row = 0; row < 300; ++row)
-        for (int x = 0; x < 132; ++x)
-            picture.append(char(x < 20 || x > 100 ? 10 : (row / 8 + x / 16)));
     const std::tuple<const char*, QByteArray, double> cases[] = {
         {"empty", QByteArray(), 100},
         {"one byte", QByteArray(1, 'q'), 100},
         {"noise", noise, 1.2},
         {"long run", QByteArray(100000, char(10)), 0.01},
         {"repeat beyond 4672 bytes", farRepeat, 0.6},
-        {"picture", picture, 0.1},
     };
     for (const auto& [name, input, maxRatio] : cases) {
         const QByteArray packed = compress(input);

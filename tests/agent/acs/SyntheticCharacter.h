@@ -2,6 +2,8 @@
 
 #include "agent/acs/CharacterData.h"
 
+#include <QtEndian>
+
 namespace agent::acs::testing
 {
 
@@ -18,15 +20,11 @@ CharacterData syntheticCharacter(const SyntheticOptions& options = {});
 // The little-endian 32-bit value at a file offset, read and written.
 inline std::uint32_t u32At(const QByteArray& file, qsizetype at)
 {
-    std::uint32_t value = 0;
-    for (int i = 3; i >= 0; --i)
-        value = (value << 8) | std::uint8_t(file.at(at + i));
-    return value;
+    return qFromLittleEndian<std::uint32_t>(file.constData() + at);
 }
 inline void putU32(QByteArray& file, qsizetype at, std::uint32_t value)
 {
-    for (int i = 0; i < 4; ++i)
-        file[at + i] = char(value >> (8 * i));
+    qToLittleEndian(value, file.data() + at);
 }
 
 } // namespace agent::acs::testing

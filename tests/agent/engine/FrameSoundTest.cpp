@@ -1,7 +1,6 @@
 #include "EngineTestSupport.h"
 #include "PrivateSoundServer.h"
 #include "RequestWait.h"
-#include "SoxTone.h"
 #include "SpeechAudio.h"
 #include "TestCharacter.h"
 #include "agent/engine/AgentEngine.h"

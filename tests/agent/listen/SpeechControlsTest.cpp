@@ -1,5 +1,6 @@
 #include "agent/EngineSettings.h"
 #include "agent/listen/ListeningTip.h"
+#include "agent/listen/PocketSphinxRecognizer.h"
 #include "agent/listen/PushToTalkKey.h"
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/SpeechPage.h"
@@ -20,14 +21,14 @@ namespace agent::listen
 namespace
 {
 
-TEST(SpeechPage, ShowsAndStoresEveryChoiceInTheEngineFile)
+TEST(SpeechPage, ShowsAndStoresEveryChoiceAndTheRecogniserFollows)
 {
     EngineSettings::shared().clear();
     SpeechInputSettings settings;
-    EXPECT_EQ(settings.listeningKey(), QStringLiteral("Scroll_Lock"));
-    EXPECT_EQ(settings.threshold(), SpeechInputSettings::DefaultThreshold);
     settings.setListeningKey(QStringLiteral("Pause"));
-    SpeechPage page;
+    PocketSphinxRecognizer recognizer;
+    const std::unique_ptr<QWidget> widget(recognizer.createSettingsPage());
+    auto& page = dynamic_cast<SpeechPage&>(*widget);
     EXPECT_TRUE(page.inputEnabled()->isChecked());
     EXPECT_EQ(page.listeningKey()->currentData().toString(), QStringLiteral("Pause"));
     EXPECT_FALSE(page.handsFree()->isChecked());
@@ -42,51 +43,33 @@ TEST(SpeechPage, ShowsAndStoresEveryChoiceInTheEngineFile)
     EXPECT_TRUE(settings.handsFree());
     EXPECT_EQ(settings.listeningKey(), QStringLiteral("F12"));
     EXPECT_EQ(settings.threshold(), -3.5);
-    const QSettings file(EngineSettings::filePath(), QSettings::IniFormat);
-    EXPECT_EQ(file.value("SpeechInput/Enabled").toBool(), false);
-    EXPECT_EQ(file.value("SpeechInput/ListeningKey").toString(), QStringLiteral("F12"));
-    EXPECT_EQ(file.value("SpeechInput/HandsFree").toBool(), true);
-    EXPECT_EQ(file.value("SpeechInput/Threshold").toDouble(), -3.5);
+    EXPECT_EQ(recognizer.threshold(), -3.5);
     EngineSettings::shared().clear();
 }
 
-TEST(ListeningTip, SaysWhatWasHeard)
+TEST(ListeningTip, SaysItListensOrDidNotUnderstandAndHidesByItself)
 {
     ListeningTip tip;
     tip.showListening();
     EXPECT_TRUE(tip.isVisible());
     EXPECT_EQ(tip.text(), QStringLiteral("Listening..."));
-    tip.showHeard(QStringLiteral("what is the time"));
-    EXPECT_EQ(tip.text(), QStringLiteral("Heard: \"what is the time\""));
     tip.showHeard(QString());
     EXPECT_EQ(tip.text(), QStringLiteral("Not understood"));
-    EXPECT_TRUE(tip.windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !tip.isVisible(); }, 20000));
 }
 
-// The key test needs an X server: it runs under Xvfb.
-class PushToTalkKeyTest : public ::testing::Test
+// Needs an X server: it runs under Xvfb.
+TEST(PushToTalkKey, HeldKeyGivesOnePressAndOneReleaseAndTakenKeysAreRefused)
 {
-protected:
-    void SetUp() override
-    {
-        if (!key.grab(QStringLiteral("Scroll_Lock")))
-            GTEST_SKIP() << "no X server";
-    }
-
-    void send(std::uint8_t type, unsigned int keycode)
-    {
+    PushToTalkKey key;
+    if (!key.grab(QStringLiteral("Scroll_Lock")))
+        GTEST_SKIP() << "no X server";
+    const auto send = [&key](std::uint8_t type, unsigned int keycode) {
         xcb_key_press_event_t event{};
         event.response_type = type;
         event.detail = std::uint8_t(keycode);
         key.nativeEventFilter("xcb_generic_event_t", &event, nullptr);
-    }
-
-    PushToTalkKey key;
-};
-
-TEST_F(PushToTalkKeyTest, HeldKeyGivesOnePressAndOneRelease)
-{
+    };
     QSignalSpy pressed(&key, &PushToTalkKey::pressed);
     QSignalSpy released(&key, &PushToTalkKey::released);
     const unsigned int code = key.keycode();
@@ -98,21 +81,17 @@ TEST_F(PushToTalkKeyTest, HeldKeyGivesOnePressAndOneRelease)
     EXPECT_EQ(pressed.size(), 1);
     EXPECT_TRUE(key.isDown());
     EXPECT_FALSE(released.wait(200));
-
     send(XCB_KEY_RELEASE, code);
     ASSERT_TRUE(released.wait(2000));
     EXPECT_EQ(released.size(), 1);
     EXPECT_FALSE(key.isDown());
-}
 
-TEST_F(PushToTalkKeyTest, UnknownKeyOrKeyHeldByAnotherProgramIsRefused)
-{
     EXPECT_FALSE(key.grab(QStringLiteral("No_Such_Key")));
     EXPECT_FALSE(key.isGrabbed());
     Display* other = XOpenDisplay(nullptr);
     ASSERT_TRUE(other);
-    const KeyCode code = XKeysymToKeycode(other, XStringToKeysym("Pause"));
-    XGrabKey(other, code, 0, DefaultRootWindow(other), False, GrabModeAsync, GrabModeAsync);
+    const KeyCode pause = XKeysymToKeycode(other, XStringToKeysym("Pause"));
+    XGrabKey(other, pause, 0, DefaultRootWindow(other), False, GrabModeAsync, GrabModeAsync);
     XSync(other, False);
     EXPECT_FALSE(key.grab(QStringLiteral("Pause")));
     XCloseDisplay(other);

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSignalSpy>
+#include <gtest/gtest.h>
 
 namespace listentest
 {
@@ -50,47 +52,11 @@ std::vector<agent::VoicePhrase> commandTable()
             {" 4", "Show my pictures"}};
 }
 
-QString Voice::label() const
-{
-    return rate ? QString("%1 %2 %3").arg(synthesizer, name).arg(rate) : synthesizer + ' ' + name;
-}
-
-std::vector<Voice> fliteVoices()
-{
-    std::vector<Voice> voices;
-    for (const char* name : {"kal", "kal16", "awb", "rms", "slt"})
-        voices.push_back({"flite", name, 0});
-    return voices;
-}
-
-std::vector<Voice> espeakVoices()
-{
-    std::vector<Voice> voices;
-    for (const char* name : {"en-us", "en-us+m3", "en-us+f2", "en-us+f4"})
-        for (int rate : {150, 190})
-            voices.push_back({"espeak-ng", name, rate});
-    return voices;
-}
-
-QStringList outsideSentences()
-{
-    return {"The weather is nice today",
-            "I would like a cup of coffee",
-            "Please pass the salt",
-            "My brother lives in Boston",
-            "The train leaves at noon",
-            "She bought a new bicycle",
-            "We are going to the beach",
-            "How was your weekend",
-            "The cat is sleeping on the sofa",
-            "I cannot find my keys",
-            "Yesterday it rained all day",
-            "Turn left at the next corner"};
-}
-
 QString spokenWav(const QString& text, const Voice& voice)
 {
-    const QString out = cachedPath(voice.label() + '|' + text);
+    const QString label = voice.synthesizer + ' ' + voice.name +
+                          (voice.rate ? ' ' + QString::number(voice.rate) : QString());
+    const QString out = cachedPath(label + '|' + text);
     if (QFile::exists(out))
         return out;
     const QString raw = out + ".synth.wav";
@@ -105,17 +71,31 @@ QString spokenWav(const QString& text, const Voice& voice)
     return converted ? out : QString();
 }
 
-QStringList noiseWavs()
+QString noiseWav()
 {
-    QStringList paths;
-    for (const char* kind : {"whitenoise", "pinknoise", "brownnoise", "sine 440", "square 220"}) {
-        const QString out = cachedPath(QString("noise|") + kind);
-        const QStringList synth = QString("synth 1.5 %1 vol 0.3").arg(kind).split(' ');
-        if (QFile::exists(out) ||
-            run("sox", QStringList{"-n"} + RecognizerFormat + QStringList{out} + synth))
-            paths << out;
+    const QString out = cachedPath("noise|whitenoise");
+    const QStringList synth = QString("synth 1.5 whitenoise vol 0.3").split(' ');
+    return QFile::exists(out) ||
+                   run("sox", QStringList{"-n"} + RecognizerFormat + QStringList{out} + synth)
+               ? out
+               : QString();
+}
+
+QString heardName(agent::listen::PocketSphinxRecognizer& recognizer, const QString& wavPath)
+{
+    using agent::listen::PocketSphinxRecognizer;
+    QSignalSpy heard(&recognizer, &PocketSphinxRecognizer::utteranceHeard);
+    QSignalSpy commands(&recognizer, &PocketSphinxRecognizer::commandRecognized);
+    if (wavPath.isEmpty() || !recognizer.recognizeFile(wavPath) || !heard.wait(30000)) {
+        ADD_FAILURE() << "no verdict on \"" << wavPath.toStdString() << '"';
+        return {};
     }
-    return paths;
+    const QString name = heard.at(0).at(1).toString();
+    QStringList commandNames;
+    for (const QList<QVariant>& command : commands)
+        commandNames << command.at(0).toString();
+    EXPECT_EQ(commandNames, name.isEmpty() ? QStringList{} : QStringList{name});
+    return name;
 }
 
 } // namespace listentest

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "agent/EngineServices.h"
+#include "agent/listen/PocketSphinxRecognizer.h"
 
 #include <QString>
-#include <QStringList>
 #include <vector>
 
 // Speech synthesised at test time, kept in LISTEN_TEST_CACHE so a second run costs nothing.
@@ -15,20 +14,18 @@ namespace listentest
 std::vector<agent::VoicePhrase> commandTable();
 
 struct Voice {
-    QString synthesizer; // "flite" or "espeak-ng"
-    QString name;
+    QString synthesizer = "flite"; // or "espeak-ng"
+    QString name = "kal16";
     int rate = 0; // words per minute for espeak-ng
-    QString label() const;
 };
 
-// Full-vocabulary flite voices and four espeak-ng voices at two rates.
-std::vector<Voice> fliteVoices();
-std::vector<Voice> espeakVoices();
-QStringList outsideSentences();
-
 // A 16 kHz mono 16-bit WAV of the text with some silence around it; empty when the tools fail.
-QString spokenWav(const QString& text, const Voice& voice);
-// Five kinds of non-speech sound of the same format.
-QStringList noiseWavs();
+QString spokenWav(const QString& text, const Voice& voice = {});
+// White noise of the same format.
+QString noiseWav();
+
+// Feeds one WAV file and gives the name the recogniser accepts, empty when it rejects the
+// words; fails the calling test when no verdict comes or commandRecognized disagrees.
+QString heardName(agent::listen::PocketSphinxRecognizer& recognizer, const QString& wavPath);
 
 } // namespace listentest

@@ -1,6 +1,5 @@
 #include "agent/runtime/WaveDecoder.h"
 
-#include "SoxTone.h"
 #include "SpeechAudio.h"
 
 #include <QTemporaryDir>

@@ -18,7 +18,6 @@ TEST(VoiceChoiceTest, VoiceForPitchRateWhisperAndCharacter)
         {{false, 0, 0, 65535}, false, true, {"en-us", 50, 175}},
         {{false, 40, 50, 65535}, false, true, {"en-us", 0, 80}},
         {{false, 63, 79, 65535}, false, true, {"en-us", 0, 83}},
-        {{false, 90, 95, 65535}, false, true, {"en-us", 38, 100}},
         {{false, 200, 150, 65535}, false, true, {"en-us+f2", 55, 158}},
         {{false, 400, 1000, 65535}, false, true, {"en-us+f2", 100, 450}},
         {{false, 168, 150, 65535}, false, true, {"en-us", 100, 158}},
@@ -27,7 +26,6 @@ TEST(VoiceChoiceTest, VoiceForPitchRateWhisperAndCharacter)
         {{true, 100, 150, 65535}, false, false, {"en-us", 51, 158}},
         {{false, 0, 0, 65535}, true, true, {"en-us+f2", 50, 175}},
         {{false, 125, 150, 65535}, true, true, {"en-us+f2", 0, 158}},
-        {{false, 150, 150, 65535}, true, true, {"en-us+f2", 24, 158}},
         {{false, 100, 150, 65535}, true, true, {"en-us", 51, 158}},
     };
     for (const auto& [params, female, whisperInstalled, expected] : cases) {

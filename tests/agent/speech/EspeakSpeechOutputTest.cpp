@@ -40,21 +40,18 @@ protected:
 TEST_F(EspeakSpeechOutputTest, WithoutSoundServerSpeechTakesItsRealTime)
 {
     QSignalSpy synthesized(&output.synthesizer(), &EspeakSynthesizer::synthesized);
-    output.synthesizer().synthesize(
-        1000, planSpeech(parseSpeechTags(TimeLine, {false, 100, 150, 65535})), false);
-    ASSERT_TRUE(synthesized.wait(10000));
-    const qint64 expectedMs =
-        synthesized.at(0).at(1).value<std::shared_ptr<const SynthesizedSpeech>>()->durationMs();
-    ASSERT_GT(expectedMs, 1000);
-
     QSignalSpy balloon(&output, &SpeechOutput::balloonTextChanged);
     QSignalSpy mouth(&output, &SpeechOutput::mouthChanged);
     QSignalSpy finished(&output, &SpeechOutput::finished);
     QElapsedTimer clock;
     clock.start();
     output.speak(TimeLine, TimeVoice);
-    ASSERT_TRUE(finished.wait(int(expectedMs) * 3));
+    ASSERT_TRUE(finished.wait(20000));
     const qint64 elapsed = clock.elapsed();
+    ASSERT_EQ(synthesized.size(), 1);
+    const qint64 expectedMs =
+        synthesized.at(0).at(1).value<std::shared_ptr<const SynthesizedSpeech>>()->durationMs();
+    ASSERT_GT(expectedMs, 1000);
     EXPECT_TRUE(finished.at(0).at(0).toBool());
     EXPECT_GT(elapsed, expectedMs * 7 / 10);
     EXPECT_LT(elapsed, expectedMs * 13 / 10);
@@ -70,10 +67,6 @@ TEST_F(EspeakSpeechOutputTest, WithoutSoundServerSpeechTakesItsRealTime)
         shapes.insert(change.at(0).value<acs::Mouth>());
     EXPECT_GE(shapes.size(), 4u);
     EXPECT_EQ(mouth.last().at(0).value<acs::Mouth>(), acs::Mouth::Closed);
-
-    output.speak(u"Hello."_qs, TimeVoice);
-    ASSERT_TRUE(finished.wait(5000));
-    EXPECT_TRUE(finished.at(1).at(0).toBool());
 }
 
 TEST_F(EspeakSpeechOutputTest, StopEndsTheUtteranceAndTheNextOneRuns)

@@ -90,16 +90,4 @@ std::vector<qint16> PrivateSoundServer::take(qsizetype atLeast, int timeoutMs)
     return samples;
 }
 
-bool PrivateSoundServer::loopToMicrophone()
-{
-    return run(u"pactl"_qs, {u"load-module"_qs, u"module-remap-source"_qs,
-                             u"master=dummy.monitor"_qs, u"source_name=microphone"_qs}) &&
-           run(u"pactl"_qs, {u"set-default-source"_qs, u"microphone"_qs});
-}
-
-bool PrivateSoundServer::play(const QString& file)
-{
-    return run(u"paplay"_qs, {u"-d"_qs, u"dummy"_qs, file});
-}
-
 } // namespace speechtest

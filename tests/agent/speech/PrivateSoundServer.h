@@ -25,11 +25,6 @@ public:
     // take, or timeoutMs has passed, and hands over what was recorded since then.
     std::vector<qint16> take(qsizetype atLeast = 0, int timeoutMs = 10000);
 
-    // Makes what the output plays the default microphone.
-    bool loopToMicrophone();
-    // Plays a sound file into the output, running the event loop until it has been played.
-    bool play(const QString& file);
-
 private:
     bool run(const QString& program, const QStringList& arguments);
 

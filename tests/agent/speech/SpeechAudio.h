@@ -1,11 +1,20 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QByteArray>
+#include <QStringList>
 #include <vector>
 
-// Measures on 22050 Hz mono speech for the speech tests.
+class QTemporaryDir;
+
+// Sounds made for the sound tests, and measures on 22050 Hz mono recordings of them.
 namespace speechtest
 {
+
+// A half-second sine at `hz` made with sox in `folder`: 16-bit PCM at `rate` with `channels`,
+// then converted with sox's `encoding` options (e.g. "-e ms-adpcm"), as a character stores
+// its sounds. Empty when sox cannot make it.
+QByteArray soxTone(const QTemporaryDir& folder, const QString& name, int rate, double hz,
+                   const QStringList& encoding, int channels = 1);
 
 double rms(const std::vector<qint16>& samples);
 

@@ -1,9 +1,5 @@
 #include "agent/listen/VoiceActivityDetector.h"
-#include "agent/listen/WavFile.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-#include <QtEndian>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -70,46 +66,6 @@ TEST(VoiceActivityDetector, CutsUtterancesAtHalfASecondOfQuiet)
         for (std::size_t i = 0; i < found.size(); ++i)
             EXPECT_NEAR(double(found[i].size()) / 16000, c.seconds[i], 0.15) << c.what;
     }
-}
-
-QByteArray wav(quint32 rate, quint16 channels, quint16 bits, const QByteArray& data)
-{
-    const auto le = [](auto v) {
-        QByteArray b(sizeof v, 0);
-        qToLittleEndian(v, b.data());
-        return b;
-    };
-    const auto le16 = [&](int v) { return le(quint16(v)); };
-    const auto le32 = [&](quint32 v) { return le(v); };
-    QByteArray fmt = le16(1) + le16(channels) + le32(rate) + le32(rate * channels * bits / 8) +
-                     le16(channels * bits / 8) + le16(bits);
-    QByteArray body = "WAVE" + QByteArray("fmt ") + le32(fmt.size()) + fmt + "LIST" + le32(3) +
-                      "abc" + QByteArray(1, 0) + "data" + le32(data.size()) + data;
-    return "RIFF" + le32(body.size()) + body;
-}
-
-TEST(WavFile, ReadsOnlySixteenKilohertzMonoPcm)
-{
-    QTemporaryDir dir;
-    const QByteArray samples = QByteArray::fromHex("0100ffff0080ff7f");
-    const std::pair<QByteArray, bool> cases[] = {
-        {wav(16000, 1, 16, samples), true},
-        {wav(22050, 1, 16, samples), false},
-        {wav(16000, 2, 16, samples), false},
-        {wav(16000, 1, 8, samples), false},
-        {wav(16000, 1, 16, samples).left(50), false}, // data cut short
-        {"RIFF", false},
-    };
-    const std::vector<std::int16_t> decoded{1, -1, -32768, 32767};
-    for (const auto& [bytes, readable] : cases) {
-        QFile file(dir.filePath(QStringLiteral("t.wav")));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-        file.close();
-        EXPECT_EQ(readSpeechWav(file.fileName()), readable ? std::optional(decoded) : std::nullopt)
-            << bytes.size();
-    }
-    EXPECT_FALSE(readSpeechWav(dir.filePath(QStringLiteral("missing.wav"))));
 }
 
 } // namespace
