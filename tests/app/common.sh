@@ -39,6 +39,16 @@ wait_window() {
     return 1
 }
 
+# Waits up to $2 seconds until no visible window's title matches $1.
+wait_gone() {
+    local deadline=$((SECONDS + $2))
+    while [ $SECONDS -lt $deadline ]; do
+        xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0
+        sleep 0.3
+    done
+    return 1
+}
+
 # Waits up to $2 seconds for the pattern $1 in the file $3.
 wait_grep() {
     local deadline=$((SECONDS + $2))

@@ -27,8 +27,8 @@ xdotool key --delay 300 alt+u alt+t Down Tab
 xdotool type --delay 30 "Have a nice day"
 xdotool key Return
 wait_grep '^Greeting=1$' 15 "$settings" || fail "Greeting was not stored as 1"
-grep -q '^GreetingText=Have a nice day$' "$settings" || fail "GreetingText was not stored"
-if wait_window '^Options$' 1 >/dev/null; then fail "the dialog stayed open after OK"; fi
+wait_grep '^GreetingText=Have a nice day$' 15 "$settings" || fail "GreetingText was not stored"
+wait_gone '^Options$' 15 || fail "the dialog stayed open after OK"
 kill "$pid"; wait "$pid" 2>/dev/null || true
 
 "$quorl" >"$work/log2" 2>&1 &
