@@ -5,15 +5,9 @@
 #include "startup/Wiring.h"
 
 #include <QAction>
-#include <QCloseEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <gtest/gtest.h>
-
-using platform::BoxIcon;
-
-namespace
-{
 
 const QStringList WindowValues{
     "WinY", "WinX",    "Pitch",   "Speed",  "Volume",     "ViewVoiceSettings",
@@ -54,12 +48,10 @@ TEST_F(ClosingTest, EveryOrderlyEndSavesOnlyWhenAskedAndRemovesTheIcon)
     struct Route {
         const char* name;
         std::function<void(Running&)> run;
-        bool hidesCharacter;
     };
     const Route routes[] = {
-        {"Exit", [](Running& t) { t.form().mnuFileExit->trigger(); }, false},
-        {"task manager", [](Running& t) { t.fp.endRequests.terminate(); }, true},
-        {"session end", [](Running& t) { t.fp.endRequests.sessionEnd(); }, false},
+        {"Exit", [](Running& t) { t.form().mnuFileExit->trigger(); }},
+        {"session end", [](Running& t) { t.fp.endRequests.sessionEnd(); }},
     };
     for (const Route& route : routes) {
         for (const bool save : {true, false}) {
@@ -69,7 +61,6 @@ TEST_F(ClosingTest, EveryOrderlyEndSavesOnlyWhenAskedAndRemovesTheIcon)
             EXPECT_TRUE(t.run([&] { route.run(t); }));
             EXPECT_EQ(t.fp.process.ends, 1);
             EXPECT_FALSE(t.fp.tray.shown);
-            EXPECT_EQ(t.fp.agent->calls.contains(QStringLiteral("Hide()")), route.hidesCharacter);
             const QStringList written = save ? WindowValues + QStringList{"Y", "X", "SaveSettings"}
                                              : QStringList{"SaveSettings"};
             EXPECT_EQ(t.fp.store.writes, written);
@@ -125,16 +116,3 @@ TEST_F(ClosingTest, CloseBoxHidesTheWindowOrMinimizesItWithoutATray)
         EXPECT_EQ(t.form().isMinimized(), !tray);
     }
 }
-
-TEST_F(ClosingTest, WithoutATrayTheUserIsToldOnce)
-{
-    EXPECT_TRUE(fp.dialogs.boxes.empty()) << "a tray is there";
-    fakes::LoadedProgram noTray;
-    noTray.fp.tray.available = false;
-    CreateIcon(noTray.app);
-    ASSERT_EQ(noTray.fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(noTray.fp.dialogs.boxes[0].icon, BoxIcon::Information);
-    EXPECT_EQ(noTray.fp.dialogs.boxes[0].title, QStringLiteral("Quorl"));
-}
-
-} // namespace

@@ -16,7 +16,6 @@ TEST(ConversionsTest, ValTakesTheLeadingNumber)
         EXPECT_EQ(Val(text), value) << text.toStdString();
     EXPECT_EQ(SingleText(3.1f), "3.1");
     EXPECT_EQ(SingleText(11.0f), "11");
-    EXPECT_EQ(SingleText(10.2f), "10.2");
     EXPECT_EQ(NumberText(3), " 3");
     EXPECT_EQ(NumberText(-3), "-3");
 }
@@ -24,12 +23,9 @@ TEST(ConversionsTest, ValTakesTheLeadingNumber)
 TEST(Cp1252Test, EncodesEachCharacterAsOneByte)
 {
     const std::pair<QString, QByteArray> cases[] = {
-        {"Plain ASCII", "Plain ASCII"},
         {u"Caf\u00e9 \u00ff"_qs, "Caf\xe9 \xff"},
         {u"\u20ac \u2013 \u201cq\u201d \u0178"_qs, "\x80 \x96 \x93q\x94 \x9f"},
-        {u"\u0161\u017e\u2122"_qs, "\x9a\x9e\x99"},
         // Characters outside the code page, one "?" each, also beyond the 16-bit range.
-        {u"\u65e5\u672c"_qs, "??"},
         {QString::fromUcs4(U"a\U0001F600b"), "a?b"},
         {u"\u0100"_qs, "?"},
     };

@@ -16,17 +16,8 @@ TEST(RecordFileTest, CountRoundsToTheNearestRecordWithTiesToEven)
         int count;
     };
     const Case cases[] = {
-        {0, 359, 0},
-        {179, 359, 0},
-        {180, 359, 1},
-        {539, 359, 2},
-        {32767LL * 359 + 179, 359, 32767},
-        {283, 566, 0},
-        {849, 566, 2},
-        {566 * 3, 566, 3},
-        {566 * 3 + 200, 566, 3},
-        {566 * 3 + 283, 566, 4},
-        {566 * 3 + 300, 566, 4},
+        {179, 359, 0}, {180, 359, 1}, {32767LL * 359 + 179, 359, 32767},
+        {283, 566, 0}, {849, 566, 2},
     };
     for (const Case& c : cases)
         EXPECT_EQ(RecordFile::Count(c.length, c.recordLength), c.count) << c.length;

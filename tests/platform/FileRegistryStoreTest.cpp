@@ -21,8 +21,6 @@ TEST_F(FileRegistryStoreTest, ValuesLastFromOneRunToTheNextAndLeaveNoOtherFiles)
         RegFunctions::Settings settings(store);
         EXPECT_EQ(settings.ReadText("Version"), QString());
         EXPECT_FALSE(QFile::exists(fileName())) << "reading creates no file";
-        for (int i = 0; i < 20; ++i)
-            settings.Write(QString("Value%1").arg(i), QString::number(i));
         settings.Write("Character", "/home/ü/chars/Pip, the second.acs");
         settings.Write("ShutDown", "0");
         settings.Write("Nul", QString::fromUtf8("a\0b", 3));

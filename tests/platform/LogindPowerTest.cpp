@@ -121,8 +121,7 @@ protected:
 // Only shut-down and restart ask logind, and without further questions.
 TEST_F(LogindPowerTest, ShutDownAndRestartAskLogind)
 {
-    const std::pair<unsigned, QString> cases[] = {
-        {0, {}}, {3, {}}, {10, {}}, {1, "PowerOff"}, {2, "Reboot"}};
+    const std::pair<unsigned, QString> cases[] = {{0, {}}, {3, {}}, {1, "PowerOff"}, {2, "Reboot"}};
     for (const auto& [flags, method] : cases) {
         mockCall("ClearCalls");
         platform::LogindPower().ExitWindowsEx(flags, 0);
