@@ -59,11 +59,9 @@ TEST_F(ClockTest, SayDateInEnglishWhateverTheLocale)
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     EXPECT_EQ(dateOn({1998, 11, 20}), "Today is Friday. 20th of November, 1998.");
-    EXPECT_EQ(dateOn({2026, 2, 1}), "Today is Sunday. 1st of February, 2026.");
-    EXPECT_EQ(dateOn({2027, 1, 2}), "Today is Saturday. 2nd of January, 2027.");
-    const std::pair<int, const char*> endings[] = {{3, "3rd"},   {11, "11th"}, {12, "12th"},
-                                                   {13, "13th"}, {21, "21st"}, {22, "22nd"},
-                                                   {23, "23rd"}, {31, "31st"}};
+    const std::pair<int, const char*> endings[] = {
+        {1, "1st"},   {2, "2nd"},   {3, "3rd"},   {11, "11th"}, {12, "12th"},
+        {13, "13th"}, {21, "21st"}, {22, "22nd"}, {23, "23rd"}, {31, "31st"}};
     for (const auto& [day, word] : endings)
         EXPECT_TRUE(dateOn({2026, 12, day}).endsWith(QString(". ") + word + " of December, 2026."))
             << word;
