@@ -90,7 +90,6 @@ TEST(BundledCharacter, IsSmallAndIntroducesItselfWithVoiceAndReadableBalloon)
 
     ASSERT_FALSE(character().localizedInfo.empty());
     const LocalizedInfo& info = character().localizedInfo.front();
-    EXPECT_EQ(info.language & 0x3FF, 0x09);
     EXPECT_EQ(info.name, "Lumo");
     EXPECT_FALSE(info.description.isEmpty());
 
