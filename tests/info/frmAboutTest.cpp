@@ -11,11 +11,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-using platform::BoxIcon;
-
 const QString ToolKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO");
-const QString FolderKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools Location");
-const QString Unavailable = QStringLiteral("System Information Is Unavailable At This Time");
 
 struct AboutRun : fakes::LoadedProgram {
     void setMachineValue(const QString& key, const QString& name, const QByteArray& data,
@@ -78,30 +74,30 @@ TEST_F(frmAboutTest, AnimationStartsWithTheSecondPictureAtTheFirstTick)
 TEST_F(frmAboutTest, SystemInformationTool)
 {
     QTemporaryDir folder;
-    QFile(folder.filePath(QStringLiteral("MSINFO32.EXE"))).open(QIODevice::WriteOnly);
-    struct Case {
+    const QString tool = QStringLiteral("/usr/bin/hardinfo"),
+                  inFolder = folder.filePath(QStringLiteral("MSINFO32.EXE"));
+    QFile(inFolder).open(QIODevice::WriteOnly);
+    const struct {
         const char* name;
         QString toolPath;
         QString folder;
         bool failsToStart;
         QStringList started;
-    };
-    const QString tool = QStringLiteral("/usr/bin/hardinfo");
-    const QString inFolder = folder.filePath(QStringLiteral("MSINFO32.EXE"));
-    const Case cases[] = {
+    } cases[] = {
         {"first key, started without a test", tool, {}, false, {tool}},
         {"first key, the start fails", tool, {}, true, {}},
         {"second key with the file", {}, folder.path(), false, {inFolder}},
         {"second key without the file", {}, QStringLiteral("/nowhere"), false, {}},
         {"no key", {}, {}, false, {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         AboutRun t;
         if (!c.toolPath.isEmpty())
             t.setMachineValue(ToolKey, QStringLiteral("PATH"), c.toolPath.toUtf8());
         if (!c.folder.isEmpty())
-            t.setMachineValue(FolderKey, QStringLiteral("MSINFO"), c.folder.toUtf8());
+            t.setMachineValue(QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools Location"),
+                              QStringLiteral("MSINFO"), c.folder.toUtf8());
         if (c.failsToStart)
             t.fp.shell.failing[c.toolPath] = QStringLiteral("not found");
         frmAbout about(t.app);
@@ -112,7 +108,8 @@ TEST_F(frmAboutTest, SystemInformationTool)
         if (box) {
             const fakes::Box& shown = t.fp.dialogs.boxes[0];
             EXPECT_EQ(std::tuple(shown.icon, shown.title, shown.text),
-                      std::tuple(BoxIcon::Plain, QStringLiteral("Quorl"), Unavailable));
+                      std::tuple(platform::BoxIcon::Plain, QStringLiteral("Quorl"),
+                                 QStringLiteral("System Information Is Unavailable At This Time")));
         }
     }
 }

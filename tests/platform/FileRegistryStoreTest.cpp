@@ -17,6 +17,10 @@ struct FileRegistryStoreTest : ::testing::Test {
 TEST_F(FileRegistryStoreTest, ValuesLastFromOneRunToTheNextAndLeaveNoOtherFiles)
 {
     {
+        FileRegistryStore unused(fileName());
+    }
+    EXPECT_FALSE(QDir(dir.path() + "/Kestrane").exists()) << "a store never used creates nothing";
+    {
         FileRegistryStore store(fileName());
         RegFunctions::Settings settings(store);
         EXPECT_EQ(settings.ReadText("Version"), QString());
@@ -32,14 +36,6 @@ TEST_F(FileRegistryStoreTest, ValuesLastFromOneRunToTheNextAndLeaveNoOtherFiles)
     EXPECT_EQ(settings.ReadText("Nul"), "a");
     EXPECT_TRUE(std::holds_alternative<RegFunctions::Empty>(settings.Read("X")));
     EXPECT_EQ(QDir(dir.path() + "/Kestrane").entryList(QDir::Files), QStringList{"Quorl.conf"});
-}
-
-TEST_F(FileRegistryStoreTest, AStoreThatIsNeverUsedCreatesNothing)
-{
-    {
-        FileRegistryStore store(fileName());
-    }
-    EXPECT_FALSE(QDir(dir.path() + QStringLiteral("/Kestrane")).exists());
 }
 
 TEST_F(FileRegistryStoreTest, UnreadableFileIsKeptAsideAndTheStoreStartsEmpty)
