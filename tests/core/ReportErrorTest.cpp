@@ -35,8 +35,7 @@ TEST(ReportErrorTest, ShowsTheBoxThatFitsAndEndsWhenFatal)
         QString boxTitle; // empty: no box
         bool ends;
     } rows[] = {
-        // MainTest runs the silent errors at start-up (11) and a missing control (339).
-        {speechInput, agentSource, 3.1f, true, "Speech Input Error", true},
+        // MainTest runs the errors at start-up (11) and 339, CommandDispatchTest a busy sound.
         {speechInput, other, 2, false, "", false},
         {typeMismatch, other, 3.1f, true, "", true},
         {typeMismatch, other, 11, true, "", false},
