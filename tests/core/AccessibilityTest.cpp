@@ -8,38 +8,16 @@
 
 #include <gtest/gtest.h>
 
-namespace
+TEST(AccessibilityTest, EveryControlIsReachableAndNamed)
 {
-
-struct AccessibilityTest : ::testing::Test, fakes::LoadedProgram {
-};
-
-TEST_F(AccessibilityTest, EveryControlIsReachableAndNamed)
-{
-    {
-        SCOPED_TRACE("frmMain with the voice panel");
-        ExpectFocusableControlsNamed(form());
-    }
-    {
-        SCOPED_TRACE("frmSplash");
-        frmSplash splash(app);
-        ExpectFocusableControlsNamed(splash);
-    }
-    {
-        SCOPED_TRACE("frmAbout");
-        frmAbout about(app);
-        ExpectFocusableControlsNamed(about);
-    }
-    {
-        SCOPED_TRACE("frmShut");
-        frmShut shut(app);
-        ExpectFocusableControlsNamed(shut);
-    }
-    {
-        SCOPED_TRACE("the engine's property sheet");
-        agent::PropertySheet sheet;
-        ExpectFocusableControlsNamed(sheet);
+    fakes::LoadedProgram program;
+    frmSplash splash(program.app);
+    frmAbout about(program.app);
+    frmShut shut(program.app);
+    agent::PropertySheet sheet;
+    for (QWidget* window :
+         std::initializer_list<QWidget*>{&program.form(), &splash, &about, &shut, &sheet}) {
+        SCOPED_TRACE(window->metaObject()->className());
+        ExpectFocusableControlsNamed(*window);
     }
 }
-
-} // namespace

@@ -35,20 +35,12 @@ TEST(ReportErrorTest, ShowsTheBoxThatFitsAndEndsWhenFatal)
         QString boxTitle; // empty: no box
         bool ends;
     } rows[] = {
-        {speechInput, agentSource, 2, false, "Speech Input Error", false},
-        {speechInput, agentSource, 3.1f, true, "Speech Input Error", true},
+        // MainTest runs the errors at start-up (11) and 339, CommandDispatchTest a busy sound.
         {speechInput, other, 2, false, "", false},
-        {speechInput, other, 3.1f, true, "", true},
         {typeMismatch, other, 3.1f, true, "", true},
         {typeMismatch, other, 11, true, "", false},
-        {noSuchCommand, agentSource, 11, true, "", false},
         {noSuchCommand, agentSource, 3.2f, true, "", true},
-        {noSuchCommand, agentSource, 6, false, "", false},
-        {339, other, 3.1f, true, "Microsoft Agent Not Installed", true},
-        {339, other, 6, false, "Microsoft Agent Not Installed", false},
         {400, other, 3.1f, true, "", false},
-        {400, other, 2, false, "", false},
-        {50003, other, 11, true, "", false},
         {50003, other, 3.1f, true, "", true},
         {53, other, 4.2f, true, "Unknown Error", true},
         {53, other, 2, false, "Unknown Error", false},
@@ -87,12 +79,7 @@ TEST(ReportErrorTest, TextsOfTheBoxes)
                           "that are using your sound card.");
 
     // The general box names the place, the number and the source.
-    const std::tuple<float, std::int32_t, QString> general[] = {
-        {3.1f, 53, "( Unknown ( 3.1 ) 53, Quorl)"},
-        {11, -2147467259, "( Unknown ( 11 ) -2147467259, Quorl)"},
-        {10.2f, 5, "( Unknown ( 10.2 ) 5, Quorl)"}};
-    for (const auto& [where, number, tail] : general)
-        EXPECT_EQ(report(false, where, {number, other, "Bad file"}).first.at(0).text,
-                  "Bad file\r\nPlease report the following error to '" + SupportAddress + "' \r\n" +
-                      tail);
+    EXPECT_EQ(report(false, 3.1f, {53, other, "Bad file"}).first.at(0).text,
+              "Bad file\r\nPlease report the following error to '" + SupportAddress +
+                  "' \r\n( Unknown ( 3.1 ) 53, Quorl)");
 }

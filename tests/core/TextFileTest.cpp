@@ -30,53 +30,31 @@ struct TextFileTest : ::testing::Test {
     TextFile file;
 };
 
-TEST_F(TextFileTest, LineEnds)
-{
-    struct Case {
-        const char* name;
-        QByteArray bytes;
-        QStringList lines;
-    };
-    const Case cases[] = {
-        {"LF", "one\ntwo\n", {"one", "two"}},
-        {"CR", "one\rtwo\r", {"one", "two"}},
-        {"CR LF", "one\r\ntwo\r\n", {"one", "two"}},
-        {"mixed", "a\rb\nc\r\nd", {"a", "b", "c", "d"}},
-        {"no final line end", "one\r\ntwo", {"one", "two"}},
-        {"LF CR is two line ends", "a\n\rb", {"a", "", "b"}},
-        {"blank lines kept", "a\n\n\nb\n", {"a", "", "", "b"}},
-        {"a lone line end", "\r\n", {""}},
-        {"empty file", "", {}},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(lines(c.bytes), c.lines) << c.name;
-        EXPECT_EQ(file.size(), c.bytes.size()) << c.name;
-    }
-}
-
-TEST_F(TextFileTest, EncodingFollowsTheWholeFile)
+TEST_F(TextFileTest, LineEndsAndEncoding)
 {
     const QString expected =
         QString::fromUtf8("caf\xC3\xA9 \xE2\x80\x9Cq\xE2\x80\x9D \xE2\x82\xAC");
-    struct Case {
+    const struct {
         const char* name;
         QByteArray bytes;
         bool utf8;
         QStringList lines;
-    };
-    const Case cases[] = {
+    } cases[] = {
+        {"each line end, the last line without one", "a\rb\nc\r\nd", true, {"a", "b", "c", "d"}},
+        {"LF CR is two line ends", "a\n\rb", true, {"a", "", "b"}},
+        {"blank lines kept", "a\n\n\nb\n", true, {"a", "", "", "b"}},
+        {"a lone line end", "\r\n", true, {""}},
+        {"empty file", "", true, {}},
+        // The encoding follows the whole file.
         {"UTF-8", "caf\xC3\xA9 \xE2\x80\x9Cq\xE2\x80\x9D \xE2\x82\xAC\r\n", true, {expected}},
         {"Windows-1252", "caf\xE9 \x93q\x94 \x80\r\n", false, {expected}},
         {"UTF-8 with byte order mark", "\xEF\xBB\xBFone\r\ntwo", true, {"one", "two"}},
-        {"undefined Windows-1252 byte",
-         "a\x81"
-         "b",
-         false,
-         {"a\u0081b"}},
+        {"undefined Windows-1252 byte", "a\x81\x62", false, {"a\u0081b"}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(lines(c.bytes), c.lines) << c.name;
         EXPECT_EQ(file.isUtf8(), c.utf8) << c.name;
+        EXPECT_EQ(file.size(), c.bytes.size()) << c.name;
     }
 }
 
@@ -134,17 +112,16 @@ TEST_F(TextFileTest, LongLineComesInSegmentsThatJoinToTheLine)
 
 TEST_F(TextFileTest, BlankRestOfLongLine)
 {
-    struct Case {
+    const struct {
         const char* name;
         QByteArray tail;
         bool blank;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"spaces to the end", QByteArray(TextFile::SegmentBytes * 2, ' '), true},
         {"a word after many spaces", QByteArray(TextFile::SegmentBytes * 2, ' ') + "word", false},
         {"a tab counts as text", QByteArray(TextFile::SegmentBytes * 2, ' ') + "\t", false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         file.open(write(QByteArray(TextFile::SegmentBytes, 'a') + c.tail + "\nnext"));
         file.readLine();
         ASSERT_TRUE(file.lineContinues()) << c.name;

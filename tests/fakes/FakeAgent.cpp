@@ -48,8 +48,8 @@ platform::AgentCommand& FakeCommands::Command(const QString& name)
     throw notFound(QStringLiteral("command ") + name);
 }
 
-FakeCharacter::FakeCharacter(FakeAgent& agent, QString file)
-    : file(std::move(file)), balloon(agent.calls), commands(agent), agent_(agent)
+FakeCharacter::FakeCharacter(FakeAgent& agent)
+    : balloon(agent.calls), commands(agent), agent_(agent)
 {
 }
 
@@ -57,9 +57,8 @@ platform::Request FakeCharacter::request(const QString& call)
 {
     agent_.throwIfFailing(call);
     agent_.calls << call;
-    auto r = std::make_shared<FakeRequest>(agent_.newRequestStatus);
-    agent_.requests.push_back(r);
-    return r;
+    agent_.lastRequest_ = std::make_shared<FakeRequest>(platform::AgentRequest::Complete);
+    return agent_.lastRequest_;
 }
 
 platform::Request FakeCharacter::Play(const QString& animation)
@@ -82,7 +81,7 @@ void FakeCharacters::Load(const QString& id, const QString& file)
     if (file.isEmpty() || agent_.badFiles.count(file))
         throw platform::RuntimeError(platform::errors::BadFileFormat, platform::AgentSource,
                                      QStringLiteral("not a character file: ") + file);
-    loaded[id] = std::make_unique<FakeCharacter>(agent_, file);
+    loaded[id] = std::make_unique<FakeCharacter>(agent_);
     loaded[id]->hasOtherClients = agent_.loadWithOtherClients;
 }
 
@@ -116,10 +115,9 @@ void FakeAgent::setPropertySheetVisible(bool visible)
 
 QStringList FakeAgent::spoken() const
 {
-    QStringList texts;
-    for (const QString& call : calls)
-        if (call.startsWith(QStringLiteral("Speak(")))
-            texts << call.mid(6, call.size() - 7);
+    QStringList texts = callsStartingWith(QStringLiteral("Speak("));
+    for (QString& text : texts)
+        text = text.mid(6, text.size() - 7);
     return texts;
 }
 

@@ -64,22 +64,13 @@ class FakeCommands : public platform::AgentCommands
 public:
     explicit FakeCommands(FakeAgent& agent) : agent_(agent) {}
     QString Caption() const override { return caption_; }
-    void setCaption(const QString& caption) override
-    {
-        log("Caption", caption);
-        caption_ = caption;
-    }
+    void setCaption(const QString& caption) override { set(caption_, caption, "Caption", caption); }
     QString Voice() const override { return voice_; }
-    void setVoice(const QString& voice) override
-    {
-        log("Voice", voice);
-        voice_ = voice;
-    }
+    void setVoice(const QString& voice) override { set(voice_, voice, "Voice", voice); }
     bool Visible() const override { return visible_; }
     void setVisible(bool visible) override
     {
-        log("Visible", FakeCommand::flag(visible));
-        visible_ = visible;
+        set(visible_, visible, "Visible", FakeCommand::flag(visible));
     }
     void Add(const QString& name, const QString& caption, const QString& voice, bool enabled,
              bool visible) override;
@@ -89,7 +80,13 @@ public:
     platform::AgentCommand& At(int index) override { return *entries_.at(size_t(index)); }
 
 private:
-    // Logs "Commands.Property=value", unless the call is set to fail.
+    // Logs "Commands.Property=value" and sets the property, unless the call is set to fail.
+    template <typename T>
+    void set(T& field, const T& value, const char* property, const QString& text)
+    {
+        log(QLatin1String(property), text);
+        field = value;
+    }
     void log(const QString& property, const QString& value);
     FakeAgent& agent_;
     QString caption_, voice_;
@@ -116,7 +113,7 @@ private:
 class FakeCharacter : public platform::AgentCharacter
 {
 public:
-    explicit FakeCharacter(FakeAgent& agent, QString file);
+    explicit FakeCharacter(FakeAgent& agent);
 
     platform::Request Speak(const QString& text) override { return request("Speak(" + text + ")"); }
     platform::Request Play(const QString& animation) override;
@@ -142,7 +139,6 @@ public:
     platform::AgentBalloon& Balloon() override { return balloon; }
     platform::AgentCommands& Commands() override { return commands; }
 
-    QString file;
     bool visible = false;
     QString name = QStringLiteral("Testy");
     int left = 0;
@@ -217,13 +213,8 @@ public:
     // Characters loaded from now on report other clients.
     bool loadWithOtherClients = false;
 
-    // Status given to new requests; tests change single requests through requests.
-    int newRequestStatus = platform::AgentRequest::Complete;
-    std::vector<std::shared_ptr<FakeRequest>> requests;
-    std::shared_ptr<FakeRequest> lastRequest() const
-    {
-        return requests.empty() ? nullptr : requests.back();
-    }
+    // The request made last, complete unless a test changes its Status.
+    std::shared_ptr<FakeRequest> lastRequest() const { return lastRequest_; }
 
     bool audioOutputEnabled = true;
     bool speechInputInstalled = true;
@@ -249,7 +240,9 @@ public:
     FakeCharacters characters;
 
 private:
+    friend class FakeCharacter;
     std::vector<std::pair<QString, platform::RuntimeError>> failing_;
+    std::shared_ptr<FakeRequest> lastRequest_;
 };
 
 } // namespace fakes

@@ -7,14 +7,6 @@
 namespace fakes
 {
 
-FakeStore::Value* FakeStore::find(Key& key, const QString& name)
-{
-    for (Value& v : key)
-        if (v.name.compare(name, Qt::CaseInsensitive) == 0)
-            return &v;
-    return nullptr;
-}
-
 long FakeStore::RegOpenKeyA(std::uint32_t hive, const QString& path, Handle& key)
 {
     if (!keys_.count(path.toLower())) {
@@ -38,13 +30,14 @@ long FakeStore::RegQueryValueExA(Handle key, const QString& name, std::uint32_t&
     const auto it = open_.find(key);
     if (it == open_.end())
         return NotFound;
-    Value* v = find(keys_[it->second], name);
-    if (!v)
+    const auto& values = keys_[it->second];
+    const auto v = values.find(name.toLower());
+    if (v == values.end())
         return NotFound;
-    type = v->type;
-    length = std::uint32_t(v->data.size());
+    type = v->second.type;
+    length = std::uint32_t(v->second.data.size());
     if (data)
-        *data = v->data;
+        *data = v->second.data;
     return Success;
 }
 
@@ -55,7 +48,7 @@ long FakeStore::RegSetValueExA(Handle key, const QString& name, std::uint32_t ty
     if (it == open_.end())
         return NotFound;
     writes << name;
-    set(keys_[it->second], name, type, data);
+    keys_[it->second][name.toLower()] = {type, data};
     return Success;
 }
 
@@ -72,10 +65,10 @@ std::optional<QString> FakeStore::value(const QString& name) const
     const auto it = keys_.find(programKey);
     if (it == keys_.end())
         return std::nullopt;
-    for (const Value& v : it->second)
-        if (v.name.compare(name, Qt::CaseInsensitive) == 0)
-            return QString::fromUtf8(v.data);
-    return std::nullopt;
+    const auto v = it->second.find(name.toLower());
+    if (v == it->second.end())
+        return std::nullopt;
+    return QString::fromUtf8(v->second.data);
 }
 
 void FakeStore::setValue(const QString& name, const QString& text)
@@ -85,15 +78,7 @@ void FakeStore::setValue(const QString& name, const QString& text)
 
 void FakeStore::setRaw(const QString& name, std::uint32_t type, const QByteArray& data)
 {
-    set(keys_[programKey], name, type, data);
-}
-
-void FakeStore::set(Key& key, const QString& name, std::uint32_t type, const QByteArray& data)
-{
-    if (Value* v = find(key, name))
-        *v = {v->name, type, data};
-    else
-        key.push_back({name, type, data});
+    keys_[programKey][name.toLower()] = {type, data};
 }
 
 int FakeStore::valueCount() const
@@ -120,15 +105,6 @@ QStringList FakeDialogs::titles() const
     QStringList found;
     for (const Box& box : boxes)
         found << box.title;
-    return found;
-}
-
-QStringList FakeDialogs::texts(const QString& title) const
-{
-    QStringList found;
-    for (const Box& box : boxes)
-        if (box.title == title)
-            found << box.text;
     return found;
 }
 

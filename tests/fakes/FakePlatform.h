@@ -43,14 +43,11 @@ public:
 
 private:
     struct Value {
-        QString name;
         std::uint32_t type;
         QByteArray data;
     };
-    using Key = std::vector<Value>;
-    Value* find(Key& key, const QString& name);
-    void set(Key& key, const QString& name, std::uint32_t type, const QByteArray& data);
-    std::map<QString, Key> keys_;
+    // Paths and names in lower case.
+    std::map<QString, std::map<QString, Value>> keys_;
     std::map<Handle, QString> open_;
     Handle next_ = 1;
 };
@@ -72,8 +69,6 @@ public:
 
     std::vector<Box> boxes;
     QStringList titles() const;
-    // The texts of the boxes with this title.
-    QStringList texts(const QString& title) const;
     // Answers given in turn; OK when none is left.
     std::deque<platform::BoxAnswer> answers;
     std::vector<platform::OpenFileRequest> fileRequests;

@@ -9,9 +9,6 @@
 
 using platform::SystemInfoKeys;
 
-namespace
-{
-
 // Installs stand-ins for the named programs in a folder that becomes the whole PATH.
 struct InstalledPrograms {
     explicit InstalledPrograms(const QStringList& programs) : oldPath(qgetenv("PATH"))
@@ -69,5 +66,3 @@ TEST(SystemInfoKeysTest, TheMachineKeyNamesTheToolAndEverythingElseGoesToTheStor
     EXPECT_NE(keys.RegQueryValueExA(key, "PATH", type, &data, length), 0)
         << "no tool installed, no value";
 }
-
-} // namespace
