@@ -54,7 +54,7 @@ public:
 private:
     platform::Request done_ = std::make_shared<CompleteRequest>();
     fakes::FakeAgent agent_;
-    fakes::FakeCharacter unused_{agent_, QString()};
+    fakes::FakeCharacter unused_{agent_};
 };
 
 enum class Shape { Paragraphs, OneLine };

@@ -24,12 +24,5 @@ struct CharacterFixture : fakes::LoadedProgram {
     }
 
     // The texts of the general error boxes, which name the place of the error.
-    QStringList errorBoxes() const
-    {
-        QStringList texts;
-        for (const fakes::Box& box : fp.dialogs.boxes)
-            if (box.title == "Unknown Error")
-                texts << box.text;
-        return texts;
-    }
+    QStringList errorBoxes() const { return fp.dialogs.texts("Unknown Error"); }
 };

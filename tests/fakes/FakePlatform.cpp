@@ -108,6 +108,15 @@ QStringList FakeDialogs::titles() const
     return found;
 }
 
+QStringList FakeDialogs::texts(const QString& title) const
+{
+    QStringList found;
+    for (const Box& box : boxes)
+        if (box.title == title)
+            found << box.text;
+    return found;
+}
+
 QString FakeDialogs::OpenFile(const platform::OpenFileRequest& request)
 {
     fileRequests.push_back(request);

@@ -69,6 +69,8 @@ public:
 
     std::vector<Box> boxes;
     QStringList titles() const;
+    // The texts of the boxes with this title.
+    QStringList texts(const QString& title) const;
     // Answers given in turn; OK when none is left.
     std::deque<platform::BoxAnswer> answers;
     std::vector<platform::OpenFileRequest> fileRequests;
