@@ -203,6 +203,7 @@ TEST(FrameSequencerTest, ExitPathsEnd)
 {
     const std::vector<ExitCase> cases = {
         {"no exit branches: the following frames", {-2, -2, -2, -2}, 1, {2, 3}},
+        {"minus one also goes on", {-1, -1, -1}, 0, {1, 2}},
         {"exit to itself ends the path", {-2, 1, -2}, 1, {}},
         {"backwards to a blank end", {4, 0, 1, 2, -1}, 3, {2, 1, 0, 4}},
         {"exit past the end", {7, -2}, 0, {}},
