@@ -20,8 +20,8 @@ using Status = platform::AgentRequest;
 namespace
 {
 
-constexpr double AdpcmHz = 1000;
-constexpr double Pcm8Hz = 2500;
+constexpr double FirstHz = 1000;
+constexpr double SecondHz = 2500;
 
 // True when the tone stands far above its neighbourhood in the recording.
 bool toneHeard(const std::vector<qint16>& heard, double hz)
@@ -30,9 +30,9 @@ bool toneHeard(const std::vector<qint16>& heard, double hz)
     return level > 300 && level > 10 * speechtest::toneLevel(heard, hz * 1.37);
 }
 
-// A character whose Show animation has an MS ADPCM sound and an 8-bit PCM sound, under a
-// private sound server: the sounds are heard as the animation plays, alone and while another
-// character speaks.
+// A character whose Show animation has a sound in each of its two frames, under a private
+// sound server: both are heard as the animation plays, alone and while another character
+// speaks. The formats a sound may come in are WaveDecoderTest's.
 TEST(FrameSoundTest, SoundsOfTheShowAnimationAreHeardWithTheSpeech)
 {
     QTemporaryDir work;
@@ -40,17 +40,13 @@ TEST(FrameSoundTest, SoundsOfTheShowAnimationAreHeardWithTheSpeech)
     if (!server.running())
         GTEST_SKIP() << "pulseaudio could not be started: " << server.error().toStdString();
     ASSERT_TRUE(server.useAndRecord()) << server.error().toStdString();
-    const QByteArray adpcm =
-        speechtest::soxTone(work, u"adpcm"_qs, 11025, AdpcmHz, {u"-e"_qs, u"ms-adpcm"_qs});
-    const QByteArray pcm8 = speechtest::soxTone(
-        work, u"pcm8"_qs, 8000, Pcm8Hz, {u"-b"_qs, u"8"_qs, u"-e"_qs, u"unsigned-integer"_qs});
-    if (adpcm.isEmpty() || pcm8.isEmpty())
+    const QByteArray first = speechtest::soxTone(work, u"first"_qs, 11025, FirstHz, {});
+    const QByteArray second = speechtest::soxTone(work, u"second"_qs, 11025, SecondHz, {});
+    if (first.isEmpty() || second.isEmpty())
         GTEST_SKIP() << "sox cannot make the sounds";
-    ASSERT_EQ(adpcm.at(20), 2) << "format tag 2, Microsoft ADPCM";
-    ASSERT_EQ(pcm8.at(34), 8) << "8 bits a sample";
 
     acs::CharacterData character = runtime::testing::fullCharacter();
-    character.sounds = {adpcm, pcm8};
+    character.sounds = {first, second};
     acs::Animation& show = character.animations.front();
     show.frames[0].sound = 0;
     show.frames[0].duration = 30;
@@ -86,8 +82,8 @@ TEST(FrameSoundTest, SoundsOfTheShowAnimationAreHeardWithTheSpeech)
         }
         // Both sounds have ended a second and a half after the animation began.
         const std::vector<qint16> heard = server.take(22050 * 3 / 2);
-        EXPECT_TRUE(toneHeard(heard, AdpcmHz)) << "the ADPCM sound";
-        EXPECT_TRUE(toneHeard(heard, Pcm8Hz)) << "the 8-bit sound";
+        EXPECT_TRUE(toneHeard(heard, FirstHz)) << "the first sound";
+        EXPECT_TRUE(toneHeard(heard, SecondHz)) << "the second sound";
         if (speak) {
             ASSERT_EQ(synthesized.size(), 1);
             const auto spoken =
