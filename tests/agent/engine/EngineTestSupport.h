@@ -5,10 +5,7 @@
 #include "agent/acs/CharacterData.h"
 #include "platform/Agent.h"
 
-#include <QAction>
 #include <QFile>
-#include <QMenu>
-#include <QPoint>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -24,11 +21,7 @@ class FakeRecognizer : public SpeechRecognizer
 public:
     bool installed() const override { return installed_; }
     bool enabled() const override { return enabled_; }
-    void setPhrases(const std::vector<VoicePhrase>& list) override
-    {
-        phrases = list;
-        ++updates;
-    }
+    void setPhrases(const std::vector<VoicePhrase>& list) override { phrases = list; }
     QWidget* createSettingsPage() override
     {
         auto* page = new QWidget;
@@ -39,17 +32,15 @@ public:
     bool installed_ = true;
     bool enabled_ = true;
     std::vector<VoicePhrase> phrases;
-    int updates = 0;
 };
 
 // Records every event as one line of text, e.g. "Show G 0" or "Command Time".
 class RecordingEvents : public platform::AgentEvents
 {
 public:
-    void Agent1_Click(const QString& id, int button, int shift, int x, int y) override
+    void Agent1_Click(const QString& id, int button, int shift, int, int) override
     {
         events << QStringLiteral("Click %1 %2 %3").arg(id).arg(button).arg(shift);
-        clickPositions << QPoint(x, y);
     }
     void Agent1_Show(const QString& id, int cause) override
     {
@@ -71,7 +62,6 @@ public:
     }
 
     QStringList events;
-    QList<QPoint> clickPositions;
 };
 
 // The error the call throws; number 0 when it throws none.
@@ -83,16 +73,6 @@ inline platform::RuntimeError errorOf(const std::function<void()>& call)
         return error;
     }
     return {0, {}, {}};
-}
-
-// The menu's entries as text: "----" for a separator, " (grey)" after a disabled entry.
-inline QStringList menuTexts(const QMenu& menu)
-{
-    QStringList texts;
-    for (const QAction* action : menu.actions())
-        texts << (action->isSeparator() ? QStringLiteral("----")
-                                        : action->text() + (action->isEnabled() ? "" : " (grey)"));
-    return texts;
 }
 
 // Writes the character as an .acs file in a temporary folder and gives its path.

@@ -175,24 +175,21 @@ acs::Animation frames(int count)
     return animation(QStringLiteral("A"), list);
 }
 
-TEST(FrameSequencerTest, BranchesFollowTheirProbabilitiesAndTheSeed)
+TEST(FrameSequencerTest, BranchesFollowTheirProbabilities)
 {
     acs::Animation branching = frames(6);
     branching.frames[1].branches = {{4, 30}, {0, 50}};
     RandomSource random(1234);
-    RandomSource same(1234);
     std::map<int, int> taken;
     const int draws = 20000;
     for (int i = 0; i < draws; ++i) {
         const int next = sequencer::nextFrame(branching, 1, random);
         ++taken[next];
-        ASSERT_EQ(sequencer::nextFrame(branching, 1, same), next) << "same seed, same choices";
     }
     ASSERT_EQ(taken.size(), 3u);
     EXPECT_NEAR(taken[4] / double(draws), 0.30, 0.015);
     EXPECT_NEAR(taken[0] / double(draws), 0.50, 0.015);
     EXPECT_NEAR(taken[2] / double(draws), 0.20, 0.015);
-    EXPECT_EQ(sequencer::nextFrame(branching, 3, random), 4);
 }
 
 struct ExitCase {
@@ -207,9 +204,7 @@ TEST(FrameSequencerTest, ExitPathsEnd)
     const std::vector<ExitCase> cases = {
         {"no exit branches: the following frames", {-2, -2, -2, -2}, 1, {2, 3}},
         {"minus one also goes on", {-1, -1, -1}, 0, {1, 2}},
-        {"exit frame jumps", {-2, 3, -2, -2}, 1, {3}},
         {"exit to itself ends the path", {-2, 1, -2}, 1, {}},
-        {"last frame exits to itself", {-2, -2, 2}, 0, {1, 2}},
         {"backwards to a blank end", {4, 0, 1, 2, -1}, 3, {2, 1, 0, 4}},
         {"exit past the end", {7, -2}, 0, {}},
     };

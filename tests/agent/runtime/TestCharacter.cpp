@@ -78,7 +78,6 @@ acs::CharacterData fullCharacter()
     for (std::uint8_t mouth = 0; mouth < 7; ++mouth) {
         acs::Overlay overlay;
         overlay.mouth = acs::Mouth(mouth);
-        overlay.replaceTopImage = overlay.mouth == acs::Mouth::OpenWide1;
         overlay.image = std::uint16_t(mouthImage);
         overlay.x = 4;
         overlay.y = 4;

@@ -27,9 +27,9 @@ acs::CharacterData blankCharacter(int width = 32, int height = 32);
 
 // blankCharacter with animations for every state the runtime uses:
 // "Show" (Showing), "Hide" (Hiding), "RestPose" (Speaking; Blue over White, overlays for every
-// mouth: image Black at (4, 4) 8x8, the OpenWide1 one replacing the top image), "Idle1".."Idle3"
-// (IdlingLevel1..3), "MoveLeft".."MoveDown" (MovingLeft..MovingDown), "Wave" and "Loop"
-// (a 100 % branch back to its first frame, exit branches to its end).
+// mouth: image Black at (4, 4) 8x8), "Idle1".."Idle3" (IdlingLevel1..3), "MoveLeft".."MoveDown"
+// (MovingLeft..MovingDown), "Wave" and "Loop" (a 100 % branch back to its first frame, exit
+// branches to its end).
 acs::CharacterData fullCharacter();
 
 } // namespace agent::runtime::testing
