@@ -38,11 +38,11 @@ TEST(LoadSettingsTest, FirstRunAsksForACharacter)
     Main(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
     const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(std::tuple(box.icon, box.buttons, box.title),
-              std::tuple(platform::BoxIcon::Information, platform::BoxButtons::OK,
-                         "Please select a character.."));
-    EXPECT_EQ(box.text,
-              "This is your first time to run Quorl. Please select a character to be used.");
+    EXPECT_EQ(
+        std::tuple(box.icon, box.buttons, box.title, box.text),
+        std::tuple(platform::BoxIcon::Information, platform::BoxButtons::OK,
+                   "Please select a character..",
+                   "This is your first time to run Quorl. Please select a character to be used."));
     EXPECT_EQ(fp.dialogs.fileRequests.size(), 1u);
 }
 
