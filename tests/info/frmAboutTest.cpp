@@ -13,7 +13,7 @@
 
 const QString ToolKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO");
 
-struct AboutRun : fakes::LoadedProgram {
+struct frmAboutTest : ::testing::Test, fakes::LoadedProgram {
     void setMachineValue(const QString& key, const QString& name, const QByteArray& data,
                          std::uint32_t type = platform::RegistryStore::String)
     {
@@ -22,9 +22,6 @@ struct AboutRun : fakes::LoadedProgram {
         fp.store.RegSetValueExA(handle, name, type, data);
         fp.store.RegCloseKey(handle);
     }
-};
-
-struct frmAboutTest : ::testing::Test, AboutRun {
 };
 
 TEST_F(frmAboutTest, OpensOverTheMainWindowAndOKRestoresTheCommands)
@@ -38,9 +35,9 @@ TEST_F(frmAboutTest, OpensOverTheMainWindowAndOKRestoresTheCommands)
         EXPECT_EQ(app.ModalOpen, 1);
         EXPECT_FALSE(app.OnTop);
         EXPECT_FALSE(fp.agent->character()->commands.Visible());
-        EXPECT_EQ(about.lblVersion->text(), QStringLiteral("Version 1.6.45"));
-        EXPECT_EQ(about.lblTitle->text(), QStringLiteral("Kestrane Quorl"));
-        EXPECT_EQ(about.cmdSysInfo->text(), QStringLiteral("&System Info.."));
+        EXPECT_EQ((QStringList{about.lblVersion->text(), about.lblTitle->text(),
+                               about.cmdSysInfo->text()}),
+                  (QStringList{"Version 1.6.45", "Kestrane Quorl", "&System Info.."}));
         about.Label4_Click();
         about.cmdOK->click();
         checked = true;
@@ -89,27 +86,29 @@ TEST_F(frmAboutTest, SystemInformationTool)
         {"second key without the file", {}, QStringLiteral("/nowhere"), false, {}},
         {"no key", {}, {}, false, {}},
     };
+    using Shown = std::tuple<platform::BoxIcon, QString, QString>;
+    const Shown unavailable = {platform::BoxIcon::Plain, "Quorl",
+                               "System Information Is Unavailable At This Time"};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        AboutRun t;
+        fp.store = fakes::FakeStore();
+        fp.dialogs.boxes.clear();
+        fp.shell.started.clear();
         if (!c.toolPath.isEmpty())
-            t.setMachineValue(ToolKey, QStringLiteral("PATH"), c.toolPath.toUtf8());
+            setMachineValue(ToolKey, QStringLiteral("PATH"), c.toolPath.toUtf8());
         if (!c.folder.isEmpty())
-            t.setMachineValue(QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools Location"),
-                              QStringLiteral("MSINFO"), c.folder.toUtf8());
+            setMachineValue(QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools Location"),
+                            QStringLiteral("MSINFO"), c.folder.toUtf8());
         if (c.failsToStart)
-            t.fp.shell.failing[c.toolPath] = QStringLiteral("not found");
-        frmAbout about(t.app);
+            fp.shell.failing[c.toolPath] = QStringLiteral("not found");
+        frmAbout about(app);
         about.cmdSysInfo->click();
-        EXPECT_EQ(t.fp.shell.started, c.started);
-        const bool box = c.started.isEmpty();
-        ASSERT_EQ(t.fp.dialogs.boxes.size(), box ? 1u : 0u);
-        if (box) {
-            const fakes::Box& shown = t.fp.dialogs.boxes[0];
-            EXPECT_EQ(std::tuple(shown.icon, shown.title, shown.text),
-                      std::tuple(platform::BoxIcon::Plain, QStringLiteral("Quorl"),
-                                 QStringLiteral("System Information Is Unavailable At This Time")));
-        }
+        fp.shell.failing.clear();
+        EXPECT_EQ(fp.shell.started, c.started);
+        std::vector<Shown> boxes;
+        for (const fakes::Box& b : fp.dialogs.boxes)
+            boxes.emplace_back(b.icon, b.title, b.text);
+        EXPECT_EQ(boxes, c.started.isEmpty() ? std::vector{unavailable} : std::vector<Shown>{});
     }
 }
 
