@@ -50,11 +50,6 @@ protected:
         return engine->Characters().Character("G");
     }
 
-    bool waitForEvents(int count)
-    {
-        return QTest::qWaitFor([&] { return events.events.size() >= count; }, 5000);
-    }
-
     QTemporaryDir folder;
     FakeSpeechOutput* speech = nullptr;
     FakeRecognizer* recognizer = nullptr;
@@ -151,7 +146,7 @@ TEST_F(AgentEngineTest, EventsWaitForTheEventLoopNeedASinkAndMayThrow)
     EngineCharacter& loaded = engine->Characters().Character("G");
     loaded.Show(true);
     EXPECT_TRUE(events.events.isEmpty());
-    ASSERT_TRUE(waitForEvents(1));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !events.events.isEmpty(); }, 5000));
     engine->setEventSink(nullptr);
     QSignalSpy hidden(&loaded.runtime(), &runtime::CharacterRuntime::hidden);
     loaded.Hide();
