@@ -1,4 +1,5 @@
 #include "agent/acs/AcsFile.h"
+#include "agent/runtime/FrameSequencer.h"
 #include "make-character/FrameComposer.h"
 
 #include <QFile>
@@ -26,31 +27,13 @@ const Animation* animation(const QString& name)
     return nullptr;
 }
 
-struct ExitPath {
-    int lastShown = -1;
-    int framesShown = 0;
-    bool ended = false;
-};
-
-// Follows the exit branches from `frame` the way a player leaves an animation.
-ExitPath followExits(const Animation& animation, int frame)
+// The frames shown, `from` first, as the player leaves the animation from frame `from`.
+std::vector<int> shownWhenLeaving(const Animation& animation, int from)
 {
-    ExitPath path;
-    const int count = static_cast<int>(animation.frames.size());
-    for (int step = 0; step < 3 * count && frame < count; ++step) {
-        const Frame& current = animation.frames[static_cast<std::size_t>(frame)];
-        if (current.duration > 0) {
-            path.lastShown = frame;
-            ++path.framesShown;
-        }
-        if (current.exitFrame == frame || current.exitFrame == -1) {
-            frame = count;
-            break;
-        }
-        frame = current.exitFrame >= 0 ? current.exitFrame : frame + 1;
-    }
-    path.ended = frame >= count;
-    return path;
+    std::vector<int> shown = agent::runtime::sequencer::exitPath(animation, from);
+    shown.insert(shown.begin(), from);
+    std::erase_if(shown, [&](int i) { return animation.frames[std::size_t(i)].duration == 0; });
+    return shown;
 }
 
 // The frames of normal play taking only certain branches; empty when it never ends.
@@ -127,7 +110,9 @@ TEST(BundledCharacter, BranchesStayInTheirAnimationAndEveryExitPathEnds)
             }
             EXPECT_LE(probability, 100);
             EXPECT_LT(frame.exitFrame, count);
-            EXPECT_TRUE(followExits(animation, index).ended) << "from frame " << index;
+            EXPECT_LT(agent::runtime::sequencer::exitPath(animation, index).size(),
+                      std::size_t(count))
+                << "a cycle of exits from frame " << index;
         }
     }
 }
@@ -166,16 +151,15 @@ TEST(BundledCharacter, HasTheAnimationsTheProgramAndPlayerUse)
             if (use & Gesture) {
                 EXPECT_EQ(found->transition, Transition::ExitBranches);
                 ASSERT_FALSE(shown.empty());
-                EXPECT_EQ(followExits(*found, shown.back()).lastShown, 0);
+                EXPECT_EQ(shownWhenLeaving(*found, shown.back()).back(), 0);
             }
             for (int frame = 0; (use & SelfContained) && frame < int(found->frames.size());
                  ++frame) {
-                const ExitPath path = followExits(*found, frame);
-                EXPECT_LE(path.framesShown, 4) << "from frame " << frame;
-                ASSERT_GE(path.lastShown, 0) << "from frame " << frame;
-                EXPECT_EQ(
-                    lumo::composeFrame(character(), found->frames[std::size_t(path.lastShown)]),
-                    neutral)
+                const std::vector<int> path = shownWhenLeaving(*found, frame);
+                EXPECT_LE(path.size(), 4u) << "from frame " << frame;
+                ASSERT_FALSE(path.empty()) << "from frame " << frame;
+                EXPECT_EQ(lumo::composeFrame(character(), found->frames[std::size_t(path.back())]),
+                          neutral)
                     << "from frame " << frame;
             }
         }
