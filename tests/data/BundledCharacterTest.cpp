@@ -1,4 +1,5 @@
 #include "agent/acs/AcsFile.h"
+#include "agent/runtime/FrameSequencer.h"
 #include "make-character/FrameComposer.h"
 
 #include <QFile>
@@ -26,31 +27,13 @@ const Animation* animation(const QString& name)
     return nullptr;
 }
 
-struct ExitPath {
-    int lastShown = -1;
-    int framesShown = 0;
-    bool ended = false;
-};
-
-// Follows the exit branches from `frame` the way a player leaves an animation.
-ExitPath followExits(const Animation& animation, int frame)
+// The frames shown, `from` first, as the player leaves the animation from frame `from`.
+std::vector<int> shownWhenLeaving(const Animation& animation, int from)
 {
-    ExitPath path;
-    const int count = static_cast<int>(animation.frames.size());
-    for (int step = 0; step < 3 * count && frame < count; ++step) {
-        const Frame& current = animation.frames[static_cast<std::size_t>(frame)];
-        if (current.duration > 0) {
-            path.lastShown = frame;
-            ++path.framesShown;
-        }
-        if (current.exitFrame == frame || current.exitFrame == -1) {
-            frame = count;
-            break;
-        }
-        frame = current.exitFrame >= 0 ? current.exitFrame : frame + 1;
-    }
-    path.ended = frame >= count;
-    return path;
+    std::vector<int> shown = agent::runtime::sequencer::exitPath(animation, from);
+    shown.insert(shown.begin(), from);
+    std::erase_if(shown, [&](int i) { return animation.frames[std::size_t(i)].duration == 0; });
+    return shown;
 }
 
 // The frames of normal play taking only certain branches; empty when it never ends.
@@ -113,36 +96,13 @@ TEST(BundledCharacter, HasEveryStateWithAnimationsThatExist)
     }
 }
 
-TEST(BundledCharacter, HasTheAnimationsTheProgramAndPlayerUse)
-{
-    const std::pair<const char*, bool> used[] = {
-        {"Show", false},    {"Hide", false},         {"RestPose", true},      {"Blink", false},
-        {"Read", true},     {"ReadContinued", true}, {"ReadReturn", false},   {"Greet", true},
-        {"Wave", true},     {"Explain", true},       {"GetAttention", false}, {"Idle1_1", false},
-        {"Idle3_1", false}, {"MoveLeft", false},     {"MoveRight", false},    {"MoveUp", false},
-        {"MoveDown", false}};
-    for (const auto& [name, speaking] : used) {
-        SCOPED_TRACE(name);
-        const Animation* found = animation(QLatin1String(name));
-        ASSERT_NE(found, nullptr);
-        if (!speaking)
-            continue;
-        // The speaking frame is the last one shown in normal play.
-        const std::vector<int> shown = certainPlay(*found);
-        ASSERT_FALSE(shown.empty());
-        std::set<Mouth> mouths;
-        for (const Overlay& overlay : found->frames[std::size_t(shown.back())].overlays)
-            mouths.insert(overlay.mouth);
-        EXPECT_EQ(mouths.size(), 7u) << "a mouth for every sound";
-    }
-}
-
-TEST(BundledCharacter, BranchesStayInTheirAnimation)
+TEST(BundledCharacter, BranchesStayInTheirAnimationAndEveryExitPathEnds)
 {
     for (const Animation& animation : character().animations) {
         SCOPED_TRACE(animation.name.toStdString());
         const int count = static_cast<int>(animation.frames.size());
-        for (const Frame& frame : animation.frames) {
+        for (int index = 0; index < count; ++index) {
+            const Frame& frame = animation.frames[std::size_t(index)];
             int probability = 0;
             for (const Branch& branch : frame.branches) {
                 EXPECT_LT(branch.frame, count);
@@ -150,56 +110,58 @@ TEST(BundledCharacter, BranchesStayInTheirAnimation)
             }
             EXPECT_LE(probability, 100);
             EXPECT_LT(frame.exitFrame, count);
+            EXPECT_LT(agent::runtime::sequencer::exitPath(animation, index).size(),
+                      std::size_t(count))
+                << "a cycle of exits from frame " << index;
         }
     }
 }
 
-TEST(BundledCharacter, EveryExitPathEnds)
-{
-    for (const Animation& animation : character().animations) {
-        for (int frame = 0; frame < static_cast<int>(animation.frames.size()); ++frame) {
-            SCOPED_TRACE(animation.name.toStdString() + " frame " + std::to_string(frame));
-            EXPECT_TRUE(followExits(animation, frame).ended);
-        }
-    }
-}
+enum Use { Plain = 0, Speaking = 1, Gesture = 2, SelfContained = 4, Dozing = 8 };
 
-// Animations that end on their own in the neutral pose also get back to it, quickly, when they
-// are interrupted, so the next animation starts where they left off.
-TEST(BundledCharacter, SelfContainedAnimationsReturnToTheNeutralPose)
+// Speaking: the frame held at the end of normal play has a mouth for every sound.
+// Gesture: leaving from that held pose goes back through exit branches to the first frame.
+// SelfContained: from any frame, leaving gets back to the neutral pose within four frames, so
+// the next animation starts where it left off. Dozing: loops until interrupted.
+TEST(BundledCharacter, HasTheAnimationsTheProgramAndPlayerUse)
 {
+    const std::pair<int, std::vector<const char*>> used[] = {
+        {Plain, {"Hide"}},
+        {Speaking, {"RestPose", "Read", "ReadContinued"}},
+        {Speaking | Gesture, {"Greet", "Wave", "Explain"}},
+        {Gesture, {"GetAttention", "MoveLeft", "MoveRight", "MoveUp", "MoveDown"}},
+        {SelfContained, {"Show", "Blink", "ReadReturn", "Idle1_1", "Idle1_2", "Idle2_1"}},
+        {SelfContained | Dozing, {"Idle3_1"}},
+    };
     const QImage neutral = lumo::composeFrame(character(), animation("RestPose")->frames.front());
-    for (const char* name :
-         {"Show", "Blink", "ReadReturn", "Idle1_1", "Idle1_2", "Idle2_1", "Idle3_1"}) {
-        const Animation& played = *animation(QLatin1String(name));
-        for (int frame = 0; frame < static_cast<int>(played.frames.size()); ++frame) {
-            SCOPED_TRACE(std::string(name) + " frame " + std::to_string(frame));
-            const ExitPath path = followExits(played, frame);
-            EXPECT_LE(path.framesShown, 4);
-            const int last = path.lastShown;
-            ASSERT_GE(last, 0);
-            EXPECT_EQ(
-                lumo::composeFrame(character(), played.frames[static_cast<std::size_t>(last)]),
-                neutral);
+    for (const auto& [use, names] : used) {
+        for (const char* name : names) {
+            SCOPED_TRACE(name);
+            const Animation* found = animation(QLatin1String(name));
+            ASSERT_NE(found, nullptr);
+            const std::vector<int> shown = certainPlay(*found);
+            EXPECT_EQ(shown.empty(), bool(use & Dozing));
+            if (use & Speaking) {
+                ASSERT_FALSE(shown.empty());
+                std::set<Mouth> mouths;
+                for (const Overlay& overlay : found->frames[std::size_t(shown.back())].overlays)
+                    mouths.insert(overlay.mouth);
+                EXPECT_EQ(mouths.size(), 7u);
+            }
+            if (use & Gesture) {
+                EXPECT_EQ(found->transition, Transition::ExitBranches);
+                ASSERT_FALSE(shown.empty());
+                EXPECT_EQ(shownWhenLeaving(*found, shown.back()).back(), 0);
+            }
+            for (int frame = 0; (use & SelfContained) && frame < int(found->frames.size());
+                 ++frame) {
+                const std::vector<int> path = shownWhenLeaving(*found, frame);
+                EXPECT_LE(path.size(), 4u) << "from frame " << frame;
+                ASSERT_FALSE(path.empty()) << "from frame " << frame;
+                EXPECT_EQ(lumo::composeFrame(character(), found->frames[std::size_t(path.back())]),
+                          neutral)
+                    << "from frame " << frame;
+            }
         }
-    }
-}
-
-TEST(BundledCharacter, DozingLoopsUntilInterrupted)
-{
-    EXPECT_TRUE(certainPlay(*animation("Idle3_1")).empty());
-}
-
-TEST(BundledCharacter, GesturesReturnThroughExitBranches)
-{
-    for (const char* name : {"Greet", "Wave", "Explain", "GetAttention", "MoveLeft", "MoveRight",
-                             "MoveUp", "MoveDown"}) {
-        SCOPED_TRACE(name);
-        const Animation& gesture = *animation(QLatin1String(name));
-        EXPECT_EQ(gesture.transition, Transition::ExitBranches);
-        const std::vector<int> shown = certainPlay(gesture);
-        ASSERT_FALSE(shown.empty());
-        EXPECT_EQ(followExits(gesture, shown.back()).lastShown, 0)
-            << "leaving from the held pose goes back to the first frame";
     }
 }

@@ -76,10 +76,9 @@ inline platform::RuntimeError errorOf(const std::function<void()>& call)
 }
 
 // Writes the character as an .acs file in a temporary folder and gives its path.
-inline QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character,
-                                  const QString& fileName = QStringLiteral("test.acs"))
+inline QString writeCharacterFile(const QTemporaryDir& folder, const acs::CharacterData& character)
 {
-    QFile file(folder.filePath(fileName));
+    QFile file(folder.filePath(QStringLiteral("test.acs")));
     if (!file.open(QIODevice::WriteOnly) || file.write(acs::writeAcs(character)) < 0)
         return {};
     return file.fileName();

@@ -37,7 +37,7 @@ TEST(BalloonWindowTest, FixedToLinesAndCharactersPerLineOrSizedToTheText)
 }
 
 // Words come as they are heard (all at once without pacing); long text scrolls by lines so
-// that the latest word heard is always in view, and every word is seen at some point.
+// that the latest word heard is always in view.
 TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
 {
     acs::BalloonInfo style;
@@ -50,7 +50,6 @@ TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
     for (const std::uint32_t flags : {0u, acs::flags::BalloonNoAutoPace}) {
         const bool paced = !(flags & acs::flags::BalloonNoAutoPace);
         BalloonWindow balloon(style, flags);
-        QSet<QString> seen;
         qsizetype heard = 0;
         for (int i = 0; i < words.size(); ++i) {
             heard = text.indexOf(words[i], heard) + words[i].size();
@@ -61,9 +60,7 @@ TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
             if (paced) {
                 EXPECT_EQ(visible.last(), words[i]) << "nothing before it is heard";
             }
-            seen.unite(QSet<QString>(visible.begin(), visible.end()));
         }
-        EXPECT_EQ(seen.size(), words.size()) << flags;
         if (!paced) {
             balloon.setText(text, 0);
             EXPECT_GT(balloon.visibleText().split(QLatin1Char(' ')).size(), 2)
