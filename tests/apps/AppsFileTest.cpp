@@ -90,12 +90,10 @@ TEST_F(LoadAppsTest, AFileThatCannotBeOpenedShowsTheFileReadErrorBox)
     ASSERT_TRUE(QDir().mkpath(AppsFilePath(dir.path())));
     LoadApps(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
-    const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(box.icon, platform::BoxIcon::Critical);
-    EXPECT_EQ(box.buttons, platform::BoxButtons::OK);
-    EXPECT_EQ(box.title, "File Read Error");
-    EXPECT_EQ(box.text, "Please send the following info to " + SupportAddress +
-                            " to help with a fix:\r\n" + AppsFilePath(dir.path()));
+    EXPECT_EQ(fp.dialogs.boxes[0],
+              (fakes::Box{platform::BoxIcon::Critical, platform::BoxButtons::OK, "File Read Error",
+                          "Please send the following info to " + SupportAddress +
+                              " to help with a fix:\r\n" + AppsFilePath(dir.path())}));
     ASSERT_EQ(errorBoxes().size(), 1);
     EXPECT_TRUE(errorBoxes()[0].contains("( 10.1 )"));
     EXPECT_EQ(app.AppPaths.size(), 1u);
