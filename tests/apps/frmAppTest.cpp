@@ -358,13 +358,8 @@ TEST_F(frmAppTest, EveryControlIsNamedAndTheOptionButtonsOpenTheirTabs)
     program.app.Hooks.ShowOptions = [&](int tab) { tabs.push_back(tab); };
     open([&](frmApp& f) {
         ExpectFocusableControlsNamed(f);
-        // Not only by their captions: the browse button's is "..".
-        for (const QWidget* control : f.findChildren<QWidget*>()) {
-            if (control->focusPolicy() & Qt::TabFocus) {
-                EXPECT_NE(control->accessibleName(), QString())
-                    << qPrintable(control->objectName());
-            }
-        }
+        // Not by its caption "..".
+        EXPECT_NE(f.cmdBrowse->accessibleName(), QString());
         click(f.cmdEnable);
         click(f.cmdCommands);
     });
