@@ -158,11 +158,9 @@ TEST_F(CharacterTest, HidingPausesAReadingAndShowingAgainDoesNotResume)
         EXPECT_FALSE(form().Timer2->isActive());
         EXPECT_EQ(form().cmdCont->text(), "&Continue");
         EXPECT_EQ(form().windowTitle(), title);
-        EXPECT_EQ(form().cmdShow->text(), "&Show");
-        EXPECT_EQ(form().cmdShow->toolTip(), "Show Testy");
+        EXPECT_EQ(form().cmdShow->text() + ' ' + form().cmdShow->toolTip(), "&Show Show Testy");
         EXPECT_TRUE(form().cmdShow->isEnabled());
-        EXPECT_FALSE(form().mnuQuorlTime->isEnabled());
-        EXPECT_FALSE(form().mnuQuorlDate->isEnabled());
+        EXPECT_FALSE(form().mnuQuorlTime->isEnabled() || form().mnuQuorlDate->isEnabled());
 
         form().cmdCont->setEnabled(false);
         fp.agent->calls.clear();
@@ -170,8 +168,7 @@ TEST_F(CharacterTest, HidingPausesAReadingAndShowingAgainDoesNotResume)
         EXPECT_FALSE(form().Timer2->isActive());
         EXPECT_EQ(form().cmdCont->text(), "&Continue");
         EXPECT_TRUE(form().cmdCont->isEnabled());
-        EXPECT_EQ(form().cmdShow->text(), "&Hide");
-        EXPECT_EQ(form().cmdShow->toolTip(), "Hide Testy");
+        EXPECT_EQ(form().cmdShow->text() + ' ' + form().cmdShow->toolTip(), "&Hide Hide Testy");
         EXPECT_EQ(fp.agent->calls, clip ? QStringList{"Play(Read)"} : QStringList{});
     }
 }
