@@ -15,11 +15,6 @@ QByteArray blanks(int n)
     return QByteArray(n, ' ');
 }
 
-QByteArray flags(const char (&bytes)[5])
-{
-    return QByteArray(bytes, 4);
-}
-
 AppRecord record(int i)
 {
     return {QString("Title %1").arg(i), QString("Voice %1").arg(i),
@@ -33,10 +28,11 @@ TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
         {{u"Caf\u00e9 \u2013 R\u00e9sum\u00e9 \u20ac"_qs, "(Cafe|Coffee)", u"/opt/caf\u00e9/run"_qs,
           1, 0},
          "Caf\xe9 \x96 R\xe9sum\xe9 \x80" + blanks(35) + "(Cafe|Coffee)" + blanks(37) +
-             "/opt/caf\xe9/run" + blanks(242) + flags("\x01\x00\x00\x00")},
+             "/opt/caf\xe9/run" + blanks(242) + QByteArray("\x01\x00\x00\x00", 4)},
         // The byte order of the flags shows with values above 255 and below 0.
         {{"x", "y", "z", 0x0102, -2},
-         "x" + blanks(49) + "y" + blanks(49) + "z" + blanks(254) + flags("\x02\x01\xfe\xff")},
+         "x" + blanks(49) + "y" + blanks(49) + "z" + blanks(254) +
+             QByteArray("\x02\x01\xfe\xff", 4)},
     };
     for (const auto& [record, bytes] : cases) {
         ASSERT_EQ(EncodeAppRecord(record).size(), 359);
@@ -90,12 +86,10 @@ TEST_F(LoadAppsTest, AFileThatCannotBeOpenedShowsTheFileReadErrorBox)
     ASSERT_TRUE(QDir().mkpath(AppsFilePath(dir.path())));
     LoadApps(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
-    const fakes::Box& box = fp.dialogs.boxes[0];
-    EXPECT_EQ(box.icon, platform::BoxIcon::Critical);
-    EXPECT_EQ(box.buttons, platform::BoxButtons::OK);
-    EXPECT_EQ(box.title, "File Read Error");
-    EXPECT_EQ(box.text, "Please send the following info to " + SupportAddress +
-                            " to help with a fix:\r\n" + AppsFilePath(dir.path()));
+    EXPECT_EQ(fp.dialogs.boxes[0],
+              (fakes::Box{platform::BoxIcon::Critical, platform::BoxButtons::OK, "File Read Error",
+                          "Please send the following info to " + SupportAddress +
+                              " to help with a fix:\r\n" + AppsFilePath(dir.path())}));
     ASSERT_EQ(errorBoxes().size(), 1);
     EXPECT_TRUE(errorBoxes()[0].contains("( 10.1 )"));
     EXPECT_EQ(app.AppPaths.size(), 1u);

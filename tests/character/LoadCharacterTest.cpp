@@ -176,11 +176,11 @@ TEST_F(LoadCharacterTest, CharacterInUseWarnsAndLoadingGoesOn)
 {
     fp.agent->loadWithOtherClients = true;
     EXPECT_FALSE(load(true, Good));
-    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Warning);
-    EXPECT_EQ(fp.dialogs.boxes[0].title, "Character is in use");
-    EXPECT_EQ(fp.dialogs.boxes[0].text, "This Character is in use by another application. If you "
-                                        "get any errors, please close the other application.");
+    EXPECT_EQ(fp.dialogs.boxes,
+              (std::vector<fakes::Box>{{platform::BoxIcon::Warning, platform::BoxButtons::OK,
+                                        "Character is in use",
+                                        "This Character is in use by another application. If you "
+                                        "get any errors, please close the other application."}}));
     EXPECT_EQ(fp.agent->callsStartingWith("MoveTo").size(), 1);
     EXPECT_EQ(fp.store.value("Character"), Good);
 }

@@ -36,7 +36,6 @@ public:
     std::optional<QString> value(const QString& name) const;
     void setValue(const QString& name, const QString& text);
     void setRaw(const QString& name, std::uint32_t type, const QByteArray& data);
-    bool hasKey(const QString& path) const { return keys_.count(path.toLower()) > 0; }
     int valueCount() const;
     // Names written, in order.
     QStringList writes;
@@ -57,6 +56,7 @@ struct Box {
     platform::BoxButtons buttons;
     QString title;
     QString text;
+    bool operator==(const Box&) const = default;
 };
 
 class FakeDialogs : public platform::Dialogs
