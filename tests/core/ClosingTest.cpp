@@ -51,13 +51,17 @@ TEST_F(ClosingTest, EveryOrderlyEndSavesOnlyWhenAskedAndRemovesTheIcon)
     }
 }
 
-TEST_F(ClosingTest, SaveNowKeepsTheIconAndAHiddenCharacterKeepsItsPlace)
+// A character's voice beyond the sliders is saved whole.
+TEST_F(ClosingTest, SaveNowKeepsTheIconAndTheVoiceAndAHiddenCharacterKeepsItsPlace)
 {
+    app.PitchTag = QStringLiteral("\\pit=30\\");
+    form().sdrPitch->setValue(50);
     form().mnuFileSave->setChecked(false);
     form().mnuFileSavenow->trigger();
     EXPECT_TRUE(fp.tray.shown);
     EXPECT_EQ(fp.store.writes, (WindowValues + QStringList{"Y", "X", "SaveSettings"}));
     EXPECT_EQ(fp.store.value(QStringLiteral("SaveSettings")), QStringLiteral("False"));
+    EXPECT_EQ(fp.store.value(QStringLiteral("Pitch")), QStringLiteral("30"));
 
     fp.store.writes.clear();
     form().mnuFileSave->setChecked(true);
@@ -66,14 +70,6 @@ TEST_F(ClosingTest, SaveNowKeepsTheIconAndAHiddenCharacterKeepsItsPlace)
     EXPECT_THROW(form().mnuFileExit->trigger(), fakes::ProgramEnded);
     EXPECT_EQ(fp.store.writes, (WindowValues + QStringList{"SaveSettings"}));
     EXPECT_EQ(fp.store.value(QStringLiteral("X")), QStringLiteral("210"));
-}
-
-TEST_F(ClosingTest, ACharactersVoiceBeyondTheSlidersIsSavedWhole)
-{
-    app.PitchTag = QStringLiteral("\\pit=30\\");
-    form().sdrPitch->setValue(50);
-    form().mnuFileSavenow->trigger();
-    EXPECT_EQ(fp.store.value(QStringLiteral("Pitch")), QStringLiteral("30"));
 }
 
 TEST_F(ClosingTest, CloseBoxHidesTheWindowOrMinimizesItWithoutATray)

@@ -26,13 +26,11 @@ TEST_F(FileRegistryStoreTest, ValuesLastFromOneRunToTheNextAndLeaveNoOtherFiles)
         EXPECT_EQ(settings.ReadText("Version"), QString());
         EXPECT_FALSE(QFile::exists(fileName())) << "reading creates no file";
         settings.Write("Character", "/home/ü/chars/Pip, the second.acs");
-        settings.Write("ShutDown", "0");
         settings.Write("Nul", QString::fromUtf8("a\0b", 3));
     }
     FileRegistryStore store(fileName());
     RegFunctions::Settings settings(store);
     EXPECT_EQ(settings.ReadText("character"), "/home/ü/chars/Pip, the second.acs");
-    EXPECT_EQ(settings.ReadText("Shutdown"), "0");
     EXPECT_EQ(settings.ReadText("Nul"), "a");
     EXPECT_TRUE(std::holds_alternative<RegFunctions::Empty>(settings.Read("X")));
     EXPECT_EQ(QDir(dir.path() + "/Kestrane").entryList(QDir::Files), QStringList{"Quorl.conf"});

@@ -1,5 +1,6 @@
 #include "character/SayText.h"
 #include "core/Controls.h"
+#include "core/ReadingState.h"
 #include "fakes/LoadedProgram.h"
 #include "reading/ReadingControls.h"
 #include "reading/ReadingEngine.h"
@@ -80,18 +81,6 @@ struct ReadingTest : ReadingFixture, ::testing::Test {
                form().windowTitle() == "Quorl" && form().mnuFileRead->isEnabled() &&
                !form().cmdStop->isEnabled() && !form().cmdNext->isEnabled() &&
                !form().cmdCont->isEnabled();
-    }
-
-    // Ticks to the end; the highest value the bar showed. The text box shows each piece.
-    int tickToEndWatchingTheBar()
-    {
-        int highest = 0;
-        while (form().Timer2->isActive()) {
-            Timer2_Timer(app);
-            highest = std::max(highest, form().ProgressBar1->value());
-            EXPECT_EQ(form().txtText->toPlainText(), spoken().back());
-        }
-        return highest;
     }
 
     // The lengths of the pieces the whole text is cut into; the pieces must join to it.
@@ -197,13 +186,8 @@ TEST_F(ReadingTest, RemoveIgnored)
     form().chkIgnore->setChecked(true);
     form().txtIgnore->setText("*");
     form().txtIgnore1->setText("");
-    QString text, expected;
-    for (int i = 0; i < 3000; ++i) {
-        text += i % 7 == 0 ? QChar('*') : QChar('a' + i % 26);
-        if (i % 7 != 0)
-            expected += QChar('a' + i % 26);
-    }
-    EXPECT_EQ(RemoveIgnored(app, text), expected);
+    EXPECT_EQ(RemoveIgnored(app, QString("*abcdef").repeated(430)),
+              QString("abcdef").repeated(430));
 }
 
 TEST_F(ReadingTest, OneLineFileStartsAndEndsOnTheTickThatSpeaksIt)
@@ -225,32 +209,20 @@ TEST_F(ReadingTest, OneLineFileStartsAndEndsOnTheTickThatSpeaksIt)
     EXPECT_EQ(spoken(), QStringList({"Hello there."}));
     EXPECT_TRUE(idle());
     EXPECT_EQ(fp.agent->calls.back(), "Play(ReadReturn)");
-    EXPECT_EQ(form().txtText->toPlainText(), "Hello there.");
     EXPECT_FALSE(app.ReadingFile.isOpen());
 }
 
-// On a window of its own: the wiring holds these entries disabled while their windows are
-// missing, and the routine must free them all the same.
-TEST(ReadingEngineAloneTest, CancelledDialogFreesTheOptions)
+TEST_F(ReadingTest, CancelledDialogFileThatCannotBeOpenedOrFailingAnimationEndTheReading)
 {
-    fakes::FakePlatform fp;
-    App app(fp.platform);
-    app.Agent1 = fp.platform.createAgent();
-    app.MainForm = std::make_unique<frmMain>(app);
-    frmMain& f = *app.MainForm;
-    f.cmdOptions->setEnabled(false);
-    f.mnuFileOptions->setEnabled(false);
-    f.mnuQuorlApp->setEnabled(false);
+    form().cmdOptions->setEnabled(false);
+    form().mnuFileOptions->setEnabled(false);
+    form().mnuQuorlApp->setEnabled(false);
     mnuFileRead_Click(app);
-    EXPECT_TRUE(f.cmdOptions->isEnabled());
-    EXPECT_TRUE(f.mnuFileOptions->isEnabled());
-    EXPECT_TRUE(f.mnuQuorlApp->isEnabled());
-    EXPECT_FALSE(f.Timer2->isActive());
+    EXPECT_TRUE(form().cmdOptions->isEnabled());
+    EXPECT_TRUE(form().mnuFileOptions->isEnabled());
+    EXPECT_TRUE(form().mnuQuorlApp->isEnabled());
     EXPECT_TRUE(fp.dialogs.boxes.empty());
-}
 
-TEST_F(ReadingTest, FileThatCannotBeOpenedOrAFailingAnimationEndsTheReading)
-{
     fp.dialogs.files.push_back(dir.filePath("gone.txt"));
     mnuFileRead_Click(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
@@ -346,37 +318,44 @@ TEST_F(ReadingTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
     EXPECT_EQ(spoken(), QStringList({"new first", "new second"}));
 }
 
-TEST_F(ReadingTest, ProgressOfALargeFileStaysWithinTheBar)
-{
-    QByteArray bytes;
-    while (bytes.size() < 40000)
-        bytes += QByteArray(99, 'x') + '\n';
-    bytes.truncate(40000);
-    readFile(bytes);
-    EXPECT_EQ(form().ProgressBar1->maximum(), 32701);
-    const int highest = tickToEndWatchingTheBar();
-    // Line ends are not counted, so the bar ends short of its maximum.
-    EXPECT_GT(highest, 32000);
-    EXPECT_LE(highest, 32701);
-    EXPECT_EQ(form().ProgressBar1->value(), 0);
-}
-
-TEST_F(ReadingTest, LongTextIsReadInPiecesWithItsOwnMargin)
+// Each ends short of its maximum: a file's line ends are not counted, and a text's bar is back
+// at 0 on the tick of its last piece.
+TEST_F(ReadingTest, ProgressOfALongTextAndOfALargeFileStaysWithinTheBar)
 {
     QString text;
     for (int i = 0; text.size() < 40000; ++i)
         text += QString("%1 ").arg(i);
     text.truncate(40000);
-    SayText(app, text, false);
-    EXPECT_EQ(form().ProgressBar1->maximum(), 32710);
-    EXPECT_EQ(form().windowTitle(), "Quorl - Reading From Clip Board");
-    const int highest = tickToEndWatchingTheBar();
-    EXPECT_EQ(spoken().join(QString()), text);
-    // Stop puts the bar back to 0 on the tick of the last piece.
-    EXPECT_NEAR(app.ProgressPos, 32700.0f, 1.0f);
-    EXPECT_LT(highest, 32700);
-    EXPECT_GT(highest, 32400);
-    EXPECT_TRUE(idle());
+    QByteArray bytes;
+    while (bytes.size() < 40000)
+        bytes += QByteArray(99, 'x') + '\n';
+    bytes.truncate(40000);
+    const struct {
+        std::function<void()> start;
+        int maximum, lowest, highest;
+    } cases[] = {{[&] { SayText(app, text, false); }, 32710, 32401, 32699},
+                 {[&] { readFile(bytes); }, 32701, 32001, 32701}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.maximum);
+        fp.agent->calls.clear();
+        c.start();
+        EXPECT_EQ(form().ProgressBar1->maximum(), c.maximum);
+        EXPECT_EQ(form().windowTitle(), ReadingCaption(app));
+        int highest = 0;
+        while (form().Timer2->isActive()) {
+            Timer2_Timer(app);
+            highest = std::max(highest, form().ProgressBar1->value());
+            EXPECT_EQ(form().txtText->toPlainText(), spoken().back());
+        }
+        EXPECT_GE(highest, c.lowest);
+        EXPECT_LE(highest, c.highest);
+        EXPECT_EQ(form().ProgressBar1->value(), 0);
+        EXPECT_TRUE(idle());
+        if (c.maximum == 32710) {
+            EXPECT_EQ(spoken().join(QString()), text);
+            EXPECT_NEAR(app.ProgressPos, 32700.0f, 1.0f);
+        }
+    }
 }
 
 TEST_F(ReadingTest, FailingTickIsReportedAndTheTimerRunsOn)
@@ -518,19 +497,13 @@ TEST_F(ReadingTest, NextAtTheEndOfTheFile)
 TEST_F(ReadingTest, TalkReadsTheTextBox)
 {
     const QString line = R"(Speak(\chr="normal"\Hello))";
-    const struct {
-        QString animate, text;
-        QStringList calls;
-    } cases[] = {
-        {"1", "Hello", {"Play(Read)", line, "Play(ReadReturn)"}},
-        {"0", "Hello", {line}},
-    };
-    for (const auto& c : cases) {
+    form().txtText->setPlainText("Hello");
+    for (const bool animate : {true, false}) {
         fp.agent->calls.clear();
-        app.AnimateRead = c.animate;
-        form().txtText->setPlainText(c.text);
+        app.AnimateRead = animate ? "1" : "0";
         cmdTalk_Click(app);
-        EXPECT_EQ(fp.agent->calls, c.calls) << c.animate.toStdString() << c.text.toStdString();
+        EXPECT_EQ(fp.agent->calls, animate ? QStringList({"Play(Read)", line, "Play(ReadReturn)"})
+                                           : QStringList{line});
         EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
     }
 }
