@@ -47,21 +47,13 @@ private:
     std::vector<int> bits_;
 };
 
-QByteArray sequence(int count)
-{
-    QByteArray out;
-    for (int i = 0; i < count; ++i)
-        out.append(char(i));
-    return out;
-}
-
 TEST(Decompressor, DecodesEachKindOfToken)
 {
     // The literals 0, 1, 2, ... and a copy from their start.
     auto tail = [](int distance, int length) {
-        QByteArray out = sequence(distance);
-        for (int i = 0; i < length; ++i)
-            out.append(out.at(out.size() - distance));
+        QByteArray out;
+        for (int i = 0; i < distance + length; ++i)
+            out.append(i < distance ? char(i) : out.at(i - distance));
         return out;
     };
     QByteArray region = QByteArray::fromHex("200000000100000000000000A8000000");
@@ -81,7 +73,7 @@ TEST(Decompressor, DecodesEachKindOfToken)
          tail(4673, 4097)},
         {"overlapping period 2", Tokens().literal('a').literal('b').copy(0, 1, 2, 1).end().bytes(),
          QByteArray("abababab")},
-        {"stops when full, without marker", Tokens().literals(3).bytes(false), sequence(3)},
+        {"stops when full, without marker", Tokens().literals(3).bytes(false), tail(3, 0)},
         {"a copy past the end is clamped", Tokens().literal('a').copy(0, 0, 3, 0).end().bytes(),
          QByteArray(5, 'a')},
     };
