@@ -74,9 +74,8 @@ TEST(AcsRoundTrip, ReplacesUnpairedSurrogates)
 
 TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)
 {
-    CharacterData character = syntheticCharacter({true, false});
-    character.flags |= flags::BalloonRoundRect;
-    character.voice.reset();
+    CharacterData character = syntheticCharacter({false, false});
+    character.flags |= flags::VoiceTts | flags::BalloonRoundRect;
     const CharacterData read = readAcs(writeAcs(character));
     EXPECT_EQ(read.flags & (flags::VoiceTts | flags::BalloonRoundRect), 0u);
     EXPECT_EQ(read.flags & flags::SystemCharacter, flags::SystemCharacter);
