@@ -16,7 +16,6 @@ namespace
 TEST(VoiceText, ParsesIntoPhrasesAndRule)
 {
     const std::tuple<const char*, QStringList, const char*> cases[] = {
-        {"Clip Board", {"clip board"}, "clip board"},
         {"(Yes)", {"yes"}, "yes"},
         {"What is the time?", {"what is the time"}, "what is the time"},
         {"Start [the] gimp", {"start gimp", "start the gimp"}, "start [ the ] gimp"},
