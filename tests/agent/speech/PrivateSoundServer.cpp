@@ -15,10 +15,18 @@ PrivateSoundServer::PrivateSoundServer()
     environment_.insert(u"XDG_RUNTIME_DIR"_qs, runtime_.path());
     environment_.insert(u"HOME"_qs, runtime_.path());
     environment_.remove(u"PULSE_SERVER"_qs);
-    if (!run(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
-                                u"--load=module-null-sink sink_name=dummy"_qs,
-                                u"--load=module-native-protocol-unix auth-anonymous=1"_qs}))
+    QProcess server;
+    server.setProcessEnvironment(environment_);
+    server.start(u"pulseaudio"_qs, {u"--daemonize=yes"_qs, u"--exit-idle-time=-1"_qs, u"-n"_qs,
+                                    u"--load=module-null-sink sink_name=dummy"_qs,
+                                    u"--load=module-native-protocol-unix auth-anonymous=1"_qs});
+    // The event loop runs meanwhile: this process's own sound clients may be waiting on it.
+    const bool ended =
+        QTest::qWaitFor([&] { return server.state() == QProcess::NotRunning; }, 30000);
+    if (!ended || server.exitStatus() != QProcess::NormalExit || server.exitCode() != 0) {
+        error_ = u"pulseaudio: "_qs + QString::fromLocal8Bit(server.readAllStandardError());
         return;
+    }
     QFile pidFile(runtime_.filePath(u"pulse/pid"_qs));
     if (pidFile.open(QIODevice::ReadOnly))
         pid_ = pidFile.readAll().trimmed().toInt();
@@ -39,20 +47,6 @@ PrivateSoundServer::~PrivateSoundServer()
     const QString pidFile = runtime_.filePath(u"pulse/pid"_qs);
     for (int i = 0; i < 50 && QFile::exists(pidFile); ++i)
         QThread::msleep(100);
-}
-
-bool PrivateSoundServer::run(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment_);
-    process.start(program, arguments);
-    // The event loop runs meanwhile: the process's own sound clients may be waiting on it.
-    const bool ended =
-        QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 30000);
-    if (ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-        return true;
-    error_ = program + u": "_qs + QString::fromLocal8Bit(process.readAllStandardError());
-    return false;
 }
 
 bool PrivateSoundServer::useAndRecord()

@@ -26,8 +26,6 @@ public:
     std::vector<qint16> take(qsizetype atLeast = 0, int timeoutMs = 10000);
 
 private:
-    bool run(const QString& program, const QStringList& arguments);
-
     QTemporaryDir runtime_;
     QProcessEnvironment environment_;
     QProcess recorder_;

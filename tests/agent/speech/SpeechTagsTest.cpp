@@ -17,7 +17,6 @@ namespace
 {
 
 const VoiceParams Start{false, 90, 160, 65535};
-const VoiceParams TimeVoice{false, 100, 150, 65535};
 
 SpeechSegment plain(const QString& text, const VoiceParams& voice = Start)
 {
@@ -41,10 +40,6 @@ TEST(SpeechTags, Segments)
         {"MapWithBackslashInside",
          uR"(\map="C:\x"="shown"\)"_qs,
          {{uR"(C:\x)"_qs, u"shown"_qs, true, Start}}},
-        {"TimeOfFourteenOFiveWithoutBalloon",
-         uR"(\chr="normal"\\pit=100\\spd=150\\vol=65535\\map="The time now is 2:"=""\\map="o5"=""\)"_qs,
-         {{u"The time now is 2:"_qs, QString(), true, TimeVoice},
-          {u"o5"_qs, QString(), true, TimeVoice}}},
         {"MalformedNumberDropped", uR"(Hi \pit=abc\there)"_qs, {plain(u"Hi there"_qs)}},
         {"UnknownTagDropped", uR"(Hi \foo=1\there)"_qs, {plain(u"Hi there"_qs)}},
         {"UnknownCharacterDropped", uR"(Hi \chr="shout"\there)"_qs, {plain(u"Hi there"_qs)}},
