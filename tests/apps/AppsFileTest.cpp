@@ -15,12 +15,6 @@ QByteArray blanks(int n)
     return QByteArray(n, ' ');
 }
 
-AppRecord record(int i)
-{
-    return {QString("Title %1").arg(i), QString("Voice %1").arg(i),
-            QString("/usr/bin/program%1 --arg").arg(i), 1, 1};
-}
-
 // Cutting, padding and trimming the fields, and the code page, are the fixed fields' own.
 TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
 {
@@ -47,28 +41,26 @@ TEST(AppsFileTest, AShortLastRecordIsFilledAndAnAbsentFileIsEmpty)
     QTemporaryDir dir;
     const QString name = dir.filePath("Apps.cfg");
     EXPECT_TRUE(ReadAppsFile(name).empty());
+    const AppRecord one = {"Title 1", "Voice 1", "/usr/bin/one --arg", 1, 1};
     QFile file(name);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write((EncodeAppRecord(record(1)) + EncodeAppRecord(record(2))).left(539));
+    file.write(
+        (EncodeAppRecord(one) + EncodeAppRecord({"T2", "V2", "/usr/bin/two", 1, 1})).left(539));
     file.close();
-    EXPECT_EQ(
-        ReadAppsFile(name),
-        (std::vector<AppRecord>{record(1), {"Title 2", "Voice 2", record(2).Path.left(80), 0, 0}}));
+    EXPECT_EQ(ReadAppsFile(name),
+              (std::vector<AppRecord>{one, {"T2", "V2", "/usr/bin/two", 0, 0}}));
 }
 
 struct LoadAppsTest : CharacterFixture, ::testing::Test {
     LoadAppsTest() { app.AppPath = dir.path(); }
-    void writeApps(const std::vector<AppRecord>& records)
-    {
-        WriteAppsFile(AppsFilePath(app.AppPath), records);
-    }
     QTemporaryDir dir;
+    const QString file = AppsFilePath(dir.path());
 };
 
 // Any flag other than zero counts as true.
 TEST_F(LoadAppsTest, FlagsAreTrueUnlessZeroAndNothingLoadsWithoutSpeechInput)
 {
-    writeApps({{"T", "V", "p", -1, 256}});
+    WriteAppsFile(file, {{"T", "V", "p", -1, 256}});
     LoadApps(app);
     EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Add( 1,T,V,1,1)"});
 
@@ -83,13 +75,13 @@ TEST_F(LoadAppsTest, FlagsAreTrueUnlessZeroAndNothingLoadsWithoutSpeechInput)
 
 TEST_F(LoadAppsTest, AFileThatCannotBeOpenedShowsTheFileReadErrorBox)
 {
-    ASSERT_TRUE(QDir().mkpath(AppsFilePath(dir.path())));
+    ASSERT_TRUE(QDir().mkpath(file));
     LoadApps(app);
     ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
     EXPECT_EQ(fp.dialogs.boxes[0],
               (fakes::Box{platform::BoxIcon::Critical, platform::BoxButtons::OK, "File Read Error",
                           "Please send the following info to " + SupportAddress +
-                              " to help with a fix:\r\n" + AppsFilePath(dir.path())}));
+                              " to help with a fix:\r\n" + file}));
     ASSERT_EQ(errorBoxes().size(), 1);
     EXPECT_TRUE(errorBoxes()[0].contains("( 10.1 )"));
     EXPECT_EQ(app.AppPaths.size(), 1u);
@@ -98,9 +90,9 @@ TEST_F(LoadAppsTest, AFileThatCannotBeOpenedShowsTheFileReadErrorBox)
 
 TEST_F(LoadAppsTest, AFailingRecordKeepsTheCommandsBeforeItAndLeavesItsSlotEmpty)
 {
-    writeApps({{"Editor", "Open the editor", "/usr/bin/gedit --new-window", 1, 1},
-               {"Hidden", "(Hidden|Secret)", "secret", 0, 1},
-               {"Mail", "Mail", "mutt", 1, 0}});
+    WriteAppsFile(file, {{"Editor", "Open the editor", "/usr/bin/gedit --new-window", 1, 1},
+                         {"Hidden", "(Hidden|Secret)", "secret", 0, 1},
+                         {"Mail", "Mail", "mutt", 1, 0}});
     fp.agent->failCalls("Commands.Add( 2,", {1234, "Agent.Control.1", "refused"});
     LoadApps(app);
     EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Add( 1,Editor,Open the editor,1,1)"});

@@ -9,7 +9,6 @@
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -22,7 +21,6 @@
 namespace
 {
 
-using namespace Qt::Literals::StringLiterals;
 using platform::BoxAnswer;
 
 QStringList lines(const QListWidget* list)
@@ -53,45 +51,11 @@ void add(frmApp& f, const QString& name, const QString& voice, const QString& pa
     click(f.cmdAdd);
 }
 
-const QString LongName = u"Long: Editor-Pro (2026 Edition) for everything you wanted"_s;
-
-// An XDG data folder with entries of every kind the picker must tell apart.
-struct DesktopEntries {
-    DesktopEntries()
-    {
-        write("calc", "Name=Calculator\nName[de]=Rechner\nExec=true\nIcon=accessories-calculator");
-        write("secret", "Name=Secret\nNoDisplay=true\nExec=true");
-        write("gone", "Name=Gone\nHidden=true\nExec=true");
-        write("tools/viewer", "# a comment\nName=Viewer\nExec=cat --number %U\nTerminal=true\n"
-                              "TryExec=cat\n[Desktop Action new]\nName=New\nExec=false");
-        write("echo", R"(Name=Quoted Echo
-Exec="/bin/echo" "two words" "say \\"hi\\"" 100%% %f)");
-        write("long", "Name=" + LongName.toUtf8() + "\nExec=true --long");
-        // Where the desktop's entries are looked for, and the language of their names.
-        qputenv("XDG_DATA_DIRS", data.path().toLocal8Bit());
-        qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-        qputenv("LANGUAGE", "de");
-    }
-
-    void write(const char* name, const QByteArray& keys)
-    {
-        const QString path =
-            data.filePath("applications/"_L1 + QLatin1String(name) + ".desktop"_L1);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("[Desktop Entry]\nType=Application\n" + keys + '\n');
-    }
-
-    QTemporaryDir data;
-    QTemporaryDir home;
-};
-
-struct frmAppTest : ::testing::Test {
+struct frmAppTest : ::testing::Test, fakes::LoadedProgram {
     frmAppTest()
     {
-        program.app.AppPath = dir.path();
-        program.fp.onModal = [this](QDialog& dialog) {
+        app.AppPath = dir.path();
+        fp.onModal = [this](QDialog& dialog) {
             dialog.show();
             if (auto* picker = dynamic_cast<InstalledAppPicker*>(&dialog))
                 onPicker(*picker);
@@ -104,7 +68,7 @@ struct frmAppTest : ::testing::Test {
     void open(std::function<void(frmApp&)> steps)
     {
         onWindow = std::move(steps);
-        program.form().mnuQuorlApp->trigger();
+        form().mnuQuorlApp->trigger();
     }
 
     // Apps.cfg with these titles, each with the voice text "say <title>".
@@ -112,10 +76,10 @@ struct frmAppTest : ::testing::Test {
     {
         open([&](frmApp& f) {
             for (const QString& title : titles)
-                add(f, title, "say "_L1 + title, "/bin/"_L1 + title);
+                add(f, title, "say " + title, "/bin/" + title);
             click(f.cmdClose);
         });
-        program.fp.agent->calls.clear();
+        fp.agent->calls.clear();
     }
 
     QByteArray fileBytes() const
@@ -127,10 +91,9 @@ struct frmAppTest : ::testing::Test {
     // The commands added for applications, named " 1", " 2"...
     QStringList appCommands() const
     {
-        return program.fp.agent->calls.filter(QRegularExpression(u"^Commands\\.Add\\( \\d"_s));
+        return fp.agent->calls.filter(QRegularExpression(R"(^Commands\.Add\( \d)"));
     }
 
-    fakes::LoadedProgram program;
     QTemporaryDir dir;
     QString file_ = AppsFilePath(dir.path());
     std::function<void(frmApp&)> onWindow;
@@ -147,23 +110,23 @@ TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
             click(b);
         }
         EXPECT_EQ(f.List1->count(), 0);
-        EXPECT_TRUE(program.fp.dialogs.boxes.empty());
+        EXPECT_TRUE(fp.dialogs.boxes.empty());
 
         click(f.chkVisible);
-        add(f, u"Mail"_s, u"Read my mail"_s, u"mutt"_s);
+        add(f, "Mail", "Read my mail", "mutt");
         click(f.chkVisible);
         click(f.chkVoice);
-        add(f, u"Music"_s, u"Play music"_s, u"player"_s);
+        add(f, "Music", "Play music", "player");
         click(f.cmdClose);
     });
 
     EXPECT_EQ(ReadAppsFile(file_),
               (std::vector<AppRecord>{{"Mail", "Read my mail", "mutt", 0, 1},
                                       {"Music", "Play music", "player", 1, 0}}));
-    EXPECT_EQ(appCommands(), QStringList({u"Commands.Add( 1,Mail,Read my mail,1,0)"_s,
-                                          u"Commands.Add( 2,Music,Play music,0,1)"_s}));
-    EXPECT_TRUE(program.character().Commands().Visible());
-    EXPECT_EQ(program.app.ModalOpen, 0);
+    EXPECT_EQ(appCommands(), QStringList({"Commands.Add( 1,Mail,Read my mail,1,0)",
+                                          "Commands.Add( 2,Music,Play music,0,1)"}));
+    EXPECT_TRUE(character().Commands().Visible());
+    EXPECT_EQ(app.ModalOpen, 0);
 
     // A close rewrites the file, here without the half record behind the two.
     const QByteArray kept = fileBytes();
@@ -171,72 +134,69 @@ TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
     ASSERT_TRUE(file.open(QIODevice::Append));
     file.write(QByteArray(179, 'x'));
     file.close();
-    program.fp.agent->calls.clear();
+    fp.agent->calls.clear();
     open([&](frmApp& f) {
-        EXPECT_EQ(lines(f.List1), QStringList({u"Mail"_s, u"Music"_s}));
-        EXPECT_EQ(f.txtVoice->text(), u"Read my mail"_s);
+        EXPECT_EQ(lines(f.List1), QStringList({"Mail", "Music"}));
+        EXPECT_EQ(f.txtVoice->text(), "Read my mail");
         EXPECT_FALSE(f.cmdUp->isEnabled());
         f.List1->setCurrentRow(1);
-        EXPECT_EQ(f.txtPath->text(), u"player"_s);
+        EXPECT_EQ(f.txtPath->text(), "player");
         EXPECT_TRUE(f.chkVisible->isChecked());
         EXPECT_FALSE(f.chkVoice->isChecked());
         EXPECT_FALSE(f.cmdDown->isEnabled());
         click(f.cmdClose);
     });
     EXPECT_EQ(fileBytes(), kept);
-    EXPECT_TRUE(program.fp.agent->calls.contains(u"Commands.RemoveAll()"_s));
+    EXPECT_TRUE(fp.agent->calls.contains("Commands.RemoveAll()"));
 }
 
 TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
 {
-    const QString missing = u"Missing Data"_s;
-    const QString taken = u"Cannot Add Item"_s;
+    const QString missing = "Missing Data", taken = "Cannot Add Item";
     const struct {
         QString name, voice, path, refusal;
     } cases[] = {
-        {u"   "_s, u"v"_s, u"p"_s, missing},        {u"New"_s, u"v"_s, u"  "_s, missing},
-        {u"Other"_s, u"Say word"_s, u"p"_s, taken}, {u" Word "_s, u"fresh"_s, u"p"_s, taken},
-        {u"word"_s, u"say word"_s, u"p"_s, {}},     {u"New"_s, QString(), u"p"_s, missing},
+        {"   ", "v", "p", missing},        {"New", "v", "  ", missing},
+        {"Other", "Say word", "p", taken}, {" Word ", "fresh", "p", taken},
+        {"word", "say word", "p", {}},     {"New", QString(), "p", missing},
     };
     open([&](frmApp& f) {
-        add(f, u"Word"_s, u"Say word"_s, u"/bin/w"_s);
+        add(f, "Word", "Say word", "/bin/w");
         for (const auto& c : cases) {
-            program.fp.dialogs.boxes.clear();
+            SCOPED_TRACE(c.name.toStdString());
+            fp.dialogs.boxes.clear();
             const int before = f.AppCount();
             add(f, c.name, c.voice, c.path);
-            EXPECT_EQ(program.fp.dialogs.titles(),
-                      c.refusal.isEmpty() ? QStringList() : QStringList{c.refusal})
-                << c.name.toStdString();
-            EXPECT_EQ(f.AppCount(), before + int(c.refusal.isEmpty())) << c.name.toStdString();
+            EXPECT_EQ(fp.dialogs.titles(), QStringList(c.refusal.isEmpty() ? 0 : 1, c.refusal));
+            EXPECT_EQ(f.AppCount(), before + int(c.refusal.isEmpty()));
         }
-        EXPECT_EQ(lines(f.List1), QStringList({u"Word"_s, u"word"_s}));
-        EXPECT_EQ(
-            program.fp.dialogs.boxes,
-            (std::vector<fakes::Box>{
-                {platform::BoxIcon::Warning, platform::BoxButtons::OK, missing,
-                 u"Some fields are missing, please enter all fields the add application"_s}}));
+        EXPECT_EQ(lines(f.List1), QStringList({"Word", "word"}));
+        EXPECT_EQ(fp.dialogs.boxes,
+                  (std::vector<fakes::Box>{
+                      {platform::BoxIcon::Warning, platform::BoxButtons::OK, missing,
+                       "Some fields are missing, please enter all fields the add application"}}));
 
         // An entry may keep its own title and voice, not take another's.
-        program.fp.dialogs.boxes.clear();
+        fp.dialogs.boxes.clear();
         f.List1->setCurrentRow(0);
         click(f.cmdChange);
-        EXPECT_TRUE(program.fp.dialogs.boxes.empty());
-        type(f.txtVoice, u"say word"_s);
+        EXPECT_TRUE(fp.dialogs.boxes.empty());
+        type(f.txtVoice, "say word");
         click(f.cmdChange);
-        EXPECT_EQ(program.fp.dialogs.titles(), QStringList{taken});
-        type(f.txtVoice, u"Say it"_s);
-        type(f.txtName, u"Words"_s);
+        EXPECT_EQ(fp.dialogs.titles(), QStringList{taken});
+        type(f.txtVoice, "Say it");
+        type(f.txtName, "Words");
         click(f.cmdChange);
-        EXPECT_EQ(lines(f.List1), QStringList({u"Words"_s, u"word"_s}));
-        EXPECT_EQ(f.AppList.at(0).Voice, u"Say it"_s);
+        EXPECT_EQ(lines(f.List1), QStringList({"Words", "word"}));
+        EXPECT_EQ(f.AppList.at(0).Voice, "Say it");
     });
 }
 
 TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesTheFile)
 {
-    keep({u"A"_s, u"B"_s, u"C"_s, u"D"_s});
+    keep({"A", "B", "C", "D"});
     auto del = [&](frmApp& f, BoxAnswer answer) {
-        program.fp.dialogs.answers = {answer};
+        fp.dialogs.answers = {answer};
         click(f.cmdDel);
     };
     open([&](frmApp& f) {
@@ -245,32 +205,32 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesT
         EXPECT_EQ(f.AppCount(), 4);
         del(f, BoxAnswer::Yes);
         EXPECT_EQ(f.List1->currentRow(), 2);
-        EXPECT_EQ(f.txtName->text(), u"C"_s);
+        EXPECT_EQ(f.txtName->text(), "C");
 
         f.List1->setCurrentRow(0);
         del(f, BoxAnswer::Yes);
-        EXPECT_EQ(lines(f.List1), QStringList({u"B"_s, u"C"_s}));
+        EXPECT_EQ(lines(f.List1), QStringList({"B", "C"}));
         EXPECT_EQ(f.List1->currentRow(), 0);
-        EXPECT_EQ(f.txtName->text(), u"B"_s);
+        EXPECT_EQ(f.txtName->text(), "B");
 
         // The routines refuse at the ends as the buttons do.
         f.cmdUp_Click();
         click(f.cmdDown);
-        EXPECT_EQ(lines(f.List1), QStringList({u"C"_s, u"B"_s}));
-        EXPECT_EQ(f.AppList.at(1).Title, u"B"_s);
+        EXPECT_EQ(lines(f.List1), QStringList({"C", "B"}));
+        EXPECT_EQ(f.AppList.at(1).Title, "B");
         f.cmdDown_Click();
         click(f.cmdUp);
-        EXPECT_EQ(f.AppList.at(0).Title, u"B"_s);
+        EXPECT_EQ(f.AppList.at(0).Title, "B");
         EXPECT_EQ(f.List1->currentRow(), 0);
 
         del(f, BoxAnswer::Yes);
         del(f, BoxAnswer::Yes);
         EXPECT_FALSE(f.cmdDel->isEnabled());
         EXPECT_FALSE(f.cmdChange->isEnabled());
-        EXPECT_EQ(f.txtName->text(), u"C"_s);
-        type(f.txtVoice, u"new voice"_s);
+        EXPECT_EQ(f.txtName->text(), "C");
+        type(f.txtVoice, "new voice");
         click(f.cmdAdd);
-        EXPECT_EQ(lines(f.List1), QStringList{u"C"_s});
+        EXPECT_EQ(lines(f.List1), QStringList{"C"});
         f.List1->setCurrentRow(0);
         del(f, BoxAnswer::Yes);
         click(f.cmdClose);
@@ -278,84 +238,82 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesT
     // With the last entry gone, the file and the commands go too.
     EXPECT_FALSE(QFile::exists(file_));
     EXPECT_TRUE(appCommands().isEmpty());
-    EXPECT_EQ(program.app.AppPaths.size(), 1u);
+    EXPECT_EQ(app.AppPaths.size(), 1u);
 }
 
 TEST_F(frmAppTest, ACancelledFileDialogCopiesTheNameChosenLast)
 {
-    program.fp.dialogs.files = {u"/usr/bin/first"_s, QString()};
+    fp.dialogs.files = {"/usr/bin/first", QString()};
     open([&](frmApp& f) {
         f.mnuBrowseFile->trigger();
-        EXPECT_EQ(f.txtPath->text(), u"/usr/bin/first"_s);
-        type(f.txtPath, u"typed"_s);
+        EXPECT_EQ(f.txtPath->text(), "/usr/bin/first");
+        type(f.txtPath, "typed");
         f.mnuBrowseFile->trigger();
-        EXPECT_EQ(f.txtPath->text(), u"/usr/bin/first"_s);
+        EXPECT_EQ(f.txtPath->text(), "/usr/bin/first");
     });
     open([&](frmApp& f) {
-        type(f.txtPath, u"typed"_s);
+        type(f.txtPath, "typed");
         f.mnuBrowseFile->trigger();
         EXPECT_EQ(f.txtPath->text(), QString());
     });
-    const auto& requests = program.fp.dialogs.fileRequests;
-    ASSERT_EQ(requests.size(), 3u);
-    EXPECT_EQ(requests[0].filter, u"Application Files (*.exe) |*.exe|All Files (*.*) |*.*"_s);
-    EXPECT_EQ(requests[0].title, u"Application's Path.."_s);
-    EXPECT_EQ(requests[1].fileName, u"/usr/bin/first"_s);
-    EXPECT_EQ(requests[2].fileName, QString());
+    const auto& r = fp.dialogs.fileRequests;
+    ASSERT_EQ(r.size(), 3u);
+    EXPECT_EQ((QStringList{r[0].filter, r[0].title, r[1].fileName, r[2].fileName}),
+              (QStringList{"Application Files (*.exe) |*.exe|All Files (*.*) |*.*",
+                           "Application's Path..", "/usr/bin/first", QString()}));
 }
 
 TEST_F(frmAppTest, FileTroubleShowsItsBoxAndKeepsTheProgramUsable)
 {
     // A write that fails offers Retry; Cancel closes without rebuilding the commands.
-    program.fp.dialogs.answers = {BoxAnswer::Retry, BoxAnswer::Cancel};
+    fp.dialogs.answers = {BoxAnswer::Retry, BoxAnswer::Cancel};
     open([&](frmApp& f) {
-        add(f, u"A"_s, u"a"_s, u"a"_s);
-        ASSERT_TRUE(QDir(dir.path()).mkdir(u"Apps.cfg"_s));
+        add(f, "A", "a", "a");
+        ASSERT_TRUE(QDir(dir.path()).mkdir("Apps.cfg"));
         click(f.cmdClose);
         EXPECT_FALSE(f.isVisible());
     });
-    const QString title = "Cannot Open "_L1 + file_;
-    EXPECT_EQ(program.fp.dialogs.titles(), QStringList({title, title}));
+    const QString title = "Cannot Open " + file_;
+    EXPECT_EQ(fp.dialogs.titles(), QStringList({title, title}));
     EXPECT_TRUE(appCommands().isEmpty());
-    EXPECT_FALSE(program.character().Commands().Visible());
+    EXPECT_FALSE(character().Commands().Visible());
 
     // A file that cannot be read keeps the window shut.
-    program.fp.dialogs.boxes.clear();
+    fp.dialogs.boxes.clear();
     bool shown = false;
     open([&](frmApp&) { shown = true; });
     EXPECT_FALSE(shown);
-    EXPECT_EQ(program.fp.dialogs.titles(), QStringList{title});
-    EXPECT_EQ(program.app.ModalOpen, 0);
-    EXPECT_TRUE(program.character().Commands().Visible());
+    EXPECT_EQ(fp.dialogs.titles(), QStringList{title});
+    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_TRUE(character().Commands().Visible());
 }
 
 TEST_F(frmAppTest, TheTitleBarCloseDropsTheEditsAndBringsTheCommandsBack)
 {
-    keep({u"A"_s});
+    keep({"A"});
     const QByteArray kept = fileBytes();
-    program.form().mnuViewTop->setChecked(true);
-    program.app.OnTop = true;
-    program.form().Timer2->start();
-    program.app.ReadingClip = true;
+    form().mnuViewTop->setChecked(true);
+    app.OnTop = true;
+    form().Timer2->start();
+    app.ReadingClip = true;
+    // The modal count, on top, the command group, the reading timer.
+    const auto state = [&] {
+        return std::tuple(int(app.ModalOpen), app.OnTop, character().Commands().Visible(),
+                          form().Timer2->isActive());
+    };
     open([&](frmApp& f) {
-        EXPECT_EQ(program.app.ModalOpen, 1);
-        EXPECT_FALSE(program.app.OnTop);
-        EXPECT_FALSE(program.character().Commands().Visible());
-        EXPECT_FALSE(program.form().Timer2->isActive());
-        add(f, u"B"_s, u"b"_s, u"b"_s);
+        EXPECT_EQ(state(), std::tuple(1, false, false, false));
+        add(f, "B", "b", "b");
         f.close();
     });
     EXPECT_EQ(fileBytes(), kept);
-    EXPECT_TRUE(program.character().Commands().Visible());
-    EXPECT_EQ(program.app.ModalOpen, 0);
-    EXPECT_TRUE(program.app.OnTop);
-    EXPECT_FALSE(program.form().Timer2->isActive());
+    EXPECT_EQ(state(), std::tuple(0, true, true, false));
 }
 
 TEST_F(frmAppTest, EveryControlIsNamedAndTheOptionButtonsOpenTheirTabs)
 {
     std::vector<int> tabs;
-    program.app.Hooks.ShowOptions = [&](int tab) { tabs.push_back(tab); };
+    app.Hooks.ShowOptions = [&](int tab) { tabs.push_back(tab); };
     open([&](frmApp& f) {
         ExpectFocusableControlsNamed(f);
         // Not by its caption "..".
@@ -370,30 +328,47 @@ TEST_F(frmAppTest, EveryControlIsNamedAndTheOptionButtonsOpenTheirTabs)
 // "secret" would match.
 TEST_F(frmAppTest, APickAmongTheInstalledApplicationsFillsTheBoxes)
 {
-    DesktopEntries entries;
+    // An XDG data folder with entries of every kind the picker must tell apart.
+    QTemporaryDir data, home;
+    ASSERT_TRUE(QDir(data.path()).mkpath("applications/tools"));
+    const auto write = [&](const QString& name, const QByteArray& keys) {
+        QFile file(data.filePath("applications/" + name + ".desktop"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[Desktop Entry]\nType=Application\n" + keys + '\n');
+    };
+    const QString longName = "Long: Editor-Pro (2026 Edition) for everything you wanted";
+    write("calc", "Name=Calculator\nName[de]=Rechner\nExec=true\nIcon=accessories-calculator");
+    write("secret", "Name=Secret\nNoDisplay=true\nExec=true");
+    write("gone", "Name=Gone\nHidden=true\nExec=true");
+    write("tools/viewer", "# a comment\nName=Viewer\nExec=cat --number %U\nTerminal=true\n"
+                          "TryExec=cat\n[Desktop Action new]\nName=New\nExec=false");
+    write("echo", R"(Name=Quoted Echo
+Exec="/bin/echo" "two words" "say \\"hi\\"" 100%% %f)");
+    write("long", "Name=" + longName.toUtf8() + "\nExec=true --long");
+    // Where the desktop's entries are looked for, and the language of their names.
+    qputenv("XDG_DATA_DIRS", data.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+    qputenv("LANGUAGE", "de");
+    const QStringList viewer = {"Viewer", "Rechner", "cat --number"};
     const struct {
         QString typed;
         std::vector<Qt::Key> keys;
-        QString name, voice, path;
+        QStringList boxes; // name, voice, path
     } picks[] = {
-        {u"rech"_s, {Qt::Key_Return}, u"Rechner"_s, u"Rechner"_s, u"true"_s},
-        {u"VIEW"_s, {Qt::Key_Return}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
-        {u"calc"_s, {Qt::Key_Escape}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
-        {u"secret"_s, {Qt::Key_Return}, u"Viewer"_s, u"Rechner"_s, u"cat --number"_s},
-        {u"o"_s,
+        {"rech", {Qt::Key_Return}, {"Rechner", "Rechner", "true"}},
+        {"VIEW", {Qt::Key_Return}, viewer},
+        {"calc", {Qt::Key_Escape}, viewer},
+        {"secret", {Qt::Key_Return}, viewer},
+        {"o",
          {Qt::Key_Down, Qt::Key_Return},
-         u"Quoted Echo"_s,
-         u"Rechner"_s,
-         uR"(/bin/echo "two words" "say """hi"""" 100%)"_s},
-        {QString(),
+         {"Quoted Echo", "Rechner", R"(/bin/echo "two words" "say """hi"""" 100%)"}},
+        {{},
          {Qt::Key_Return},
-         LongName.left(50),
-         u"Long Editor Pro 2026 Edition for everything you"_s,
-         u"true --long"_s},
+         {longName.left(50), "Long Editor Pro 2026 Edition for everything you", "true --long"}},
     };
     open([&](frmApp& form) {
         for (const auto& pick : picks) {
-            if (pick.name == LongName.left(50))
+            if (pick.typed.isEmpty())
                 form.txtVoice->clear();
             onPicker = [&](InstalledAppPicker& picker) {
                 QTest::keyClicks(picker.txtSearch, pick.typed);
@@ -401,9 +376,10 @@ TEST_F(frmAppTest, APickAmongTheInstalledApplicationsFillsTheBoxes)
                     QTest::keyClick(picker.txtSearch, key);
             };
             form.mnuBrowseInstalled->trigger();
-            EXPECT_EQ(form.txtName->text(), pick.name) << pick.typed.toStdString();
-            EXPECT_EQ(form.txtVoice->text(), pick.voice) << pick.typed.toStdString();
-            EXPECT_EQ(form.txtPath->text(), pick.path) << pick.typed.toStdString();
+            EXPECT_EQ(
+                (QStringList{form.txtName->text(), form.txtVoice->text(), form.txtPath->text()}),
+                pick.boxes)
+                << pick.typed.toStdString();
         }
     });
 }

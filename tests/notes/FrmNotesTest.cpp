@@ -109,15 +109,6 @@ QStringList entries(const QListWidget* list)
     return texts;
 }
 
-using Shown = std::tuple<BoxIcon, BoxButtons, QString, QString>;
-std::vector<Shown> shownBoxes(const std::vector<fakes::Box>& boxes)
-{
-    std::vector<Shown> shown;
-    for (const fakes::Box& b : boxes)
-        shown.emplace_back(b.icon, b.buttons, b.title, b.text);
-    return shown;
-}
-
 class FrmNotesTest : public NotesFixture
 {
 protected:
@@ -259,10 +250,8 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
             fp.dialogs.boxes.clear();
             type(f.txtName, step.name);
             (f.*step.button)->click();
-            const std::vector<Shown> box = {
-                {BoxIcon::Warning, BoxButtons::OK, step.title, step.text}};
-            EXPECT_EQ(shownBoxes(fp.dialogs.boxes),
-                      step.title.isNull() ? std::vector<Shown>{} : box);
+            const fakes::Box box = {BoxIcon::Warning, BoxButtons::OK, step.title, step.text};
+            EXPECT_EQ(fp.dialogs.boxes, std::vector(step.title.isNull() ? 0 : 1, box));
             EXPECT_EQ(entries(f.List1), step.list);
         }
         EXPECT_EQ(f.WorkingNotes[3].NoteName, QStringLiteral("Oat milk"));
@@ -298,9 +287,9 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
             EXPECT_EQ(f.txtName->text(), step.selected);
             EXPECT_EQ(int(f.WorkingNotes.size()), step.list.size() + 1);
         }
-        const Shown confirm = {BoxIcon::Warning, BoxButtons::YesNo, "Confirmation",
-                               "Are you sure?"};
-        EXPECT_EQ(shownBoxes(fp.dialogs.boxes), std::vector(std::size(steps), confirm));
+        const fakes::Box confirm = {BoxIcon::Warning, BoxButtons::YesNo, "Confirmation",
+                                    "Are you sure?"};
+        EXPECT_EQ(fp.dialogs.boxes, std::vector(std::size(steps), confirm));
         EXPECT_EQ(f.txtNote->toPlainText(), QString());
         EXPECT_FALSE(f.cmdChange->isEnabled());
         EXPECT_FALSE(f.cmdDel->isEnabled());
@@ -316,19 +305,19 @@ TEST_F(FrmNotesTest, AStoredPositionTheListLacksIsReportedOncePerFieldAndTheRest
                     // A Daily note keeps the month that the list held when it was saved.
                     {{1, 1, 10, 3, 2025, 7, 45, 1}, "Pills", "Two"},
                     {{1, 7, 0, 4, 2024, 12, 10, 2}, "Broken", "Three"}});
-    const Shown error = {BoxIcon::Critical, BoxButtons::OK, "Notes File Error",
-                         "Error in your Notes file. To start a new one, delete '" + notesFile() +
-                             "'"};
+    const fakes::Box error = {BoxIcon::Critical, BoxButtons::OK, "Notes File Error",
+                              "Error in your Notes file. To start a new one, delete '" +
+                                  notesFile() + "'"};
     session([&](frmNotes& f) {
         fp.dialogs.boxes.clear();
         clickEntry(f.List1, 1);
-        EXPECT_EQ(shownBoxes(fp.dialogs.boxes), std::vector(1, error));
+        EXPECT_EQ(fp.dialogs.boxes, std::vector(1, error));
         EXPECT_EQ(shown(f), (QStringList{"Pills", "Two", "1", "Daily", "Tuesday", "3", "2025", "08",
                                          "45", "PM", "Daily at 08:45 PM"}));
         // The kind, the hour and AM or PM are bad; the list of weekdays stays.
         fp.dialogs.boxes.clear();
         clickEntry(f.List1, 2);
-        EXPECT_EQ(shownBoxes(fp.dialogs.boxes), std::vector(3, error));
+        EXPECT_EQ(fp.dialogs.boxes, std::vector(3, error));
         EXPECT_EQ(shown(f), (QStringList{"Broken", "Three", "1", "Daily", "Sunday", "4", "2024",
                                          "08", "10", "PM", "Daily at 08:10 PM"}));
     });
