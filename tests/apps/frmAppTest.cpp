@@ -2,8 +2,9 @@
 
 #include "apps/AppsFile.h"
 #include "apps/InstalledAppPicker.h"
+#include "apps/LoadApps.h"
 #include "fakes/Accessibility.h"
-#include "fakes/LoadedProgram.h"
+#include "fakes/CharacterFixture.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -51,7 +52,7 @@ void add(frmApp& f, const QString& name, const QString& voice, const QString& pa
     click(f.cmdAdd);
 }
 
-struct frmAppTest : ::testing::Test, fakes::LoadedProgram {
+struct frmAppTest : CharacterFixture, ::testing::Test {
     frmAppTest()
     {
         app.AppPath = dir.path();
@@ -71,17 +72,6 @@ struct frmAppTest : ::testing::Test, fakes::LoadedProgram {
         form().mnuQuorlApp->trigger();
     }
 
-    // Apps.cfg with these titles, each with the voice text "say <title>".
-    void keep(const QStringList& titles)
-    {
-        open([&](frmApp& f) {
-            for (const QString& title : titles)
-                add(f, title, "say " + title, "/bin/" + title);
-            click(f.cmdClose);
-        });
-        fp.agent->calls.clear();
-    }
-
     QByteArray fileBytes() const
     {
         QFile file(file_);
@@ -99,6 +89,95 @@ struct frmAppTest : ::testing::Test, fakes::LoadedProgram {
     std::function<void(frmApp&)> onWindow;
     std::function<void(InstalledAppPicker&)> onPicker;
 };
+
+QByteArray blanks(int n)
+{
+    return QByteArray(n, ' ');
+}
+
+// Cutting, padding and trimming the fields, and the code page, are the fixed fields' own.
+TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
+{
+    const std::pair<AppRecord, QByteArray> cases[] = {
+        {{u"Caf\u00e9 \u2013 R\u00e9sum\u00e9 \u20ac"_qs, "(Cafe|Coffee)", u"/opt/caf\u00e9/run"_qs,
+          1, 0},
+         "Caf\xe9 \x96 R\xe9sum\xe9 \x80" + blanks(35) + "(Cafe|Coffee)" + blanks(37) +
+             "/opt/caf\xe9/run" + blanks(242) + QByteArray("\x01\x00\x00\x00", 4)},
+        // The byte order of the flags shows with values above 255 and below 0.
+        {{"x", "y", "z", 0x0102, -2},
+         "x" + blanks(49) + "y" + blanks(49) + "z" + blanks(254) +
+             QByteArray("\x02\x01\xfe\xff", 4)},
+    };
+    for (const auto& [record, bytes] : cases) {
+        ASSERT_EQ(EncodeAppRecord(record).size(), 359);
+        EXPECT_EQ(EncodeAppRecord(record).toHex(), bytes.toHex()) << record.Title.toStdString();
+        EXPECT_EQ(DecodeAppRecord(bytes), record) << record.Title.toStdString();
+    }
+}
+
+// A file cut inside its second record: the missing bytes read as blanks and zero.
+TEST(AppsFileTest, AShortLastRecordIsFilledAndAnAbsentFileIsEmpty)
+{
+    QTemporaryDir dir;
+    const QString name = dir.filePath("Apps.cfg");
+    EXPECT_TRUE(ReadAppsFile(name).empty());
+    const AppRecord one = {"Title 1", "Voice 1", "/usr/bin/one --arg", 1, 1};
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(
+        (EncodeAppRecord(one) + EncodeAppRecord({"T2", "V2", "/usr/bin/two", 1, 1})).left(539));
+    file.close();
+    EXPECT_EQ(ReadAppsFile(name),
+              (std::vector<AppRecord>{one, {"T2", "V2", "/usr/bin/two", 0, 0}}));
+}
+
+using LoadAppsTest = frmAppTest;
+
+// Any flag other than zero counts as true.
+TEST_F(LoadAppsTest, FlagsAreTrueUnlessZeroAndNothingLoadsWithoutSpeechInput)
+{
+    WriteAppsFile(file_, {{"T", "V", "p", -1, 256}});
+    LoadApps(app);
+    EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Add( 1,T,V,1,1)"});
+
+    fp.agent->calls.clear();
+    fp.agent->speechInputInstalled = false;
+    app.AppPaths = {QString(), "left over"};
+    LoadApps(app);
+    EXPECT_EQ(app.AppPaths.size(), 1u);
+    EXPECT_TRUE(fp.agent->calls.isEmpty());
+    EXPECT_TRUE(fp.dialogs.boxes.empty());
+}
+
+TEST_F(LoadAppsTest, AFileThatCannotBeOpenedShowsTheFileReadErrorBox)
+{
+    ASSERT_TRUE(QDir().mkpath(file_));
+    LoadApps(app);
+    ASSERT_EQ(fp.dialogs.boxes.size(), 2u);
+    EXPECT_EQ(fp.dialogs.boxes[0],
+              (fakes::Box{platform::BoxIcon::Critical, platform::BoxButtons::OK, "File Read Error",
+                          "Please send the following info to " + SupportAddress +
+                              " to help with a fix:\r\n" + file_}));
+    ASSERT_EQ(errorBoxes().size(), 1);
+    EXPECT_TRUE(errorBoxes()[0].contains("( 10.1 )"));
+    EXPECT_EQ(app.AppPaths.size(), 1u);
+    EXPECT_TRUE(fp.agent->calls.isEmpty());
+}
+
+TEST_F(LoadAppsTest, AFailingRecordKeepsTheCommandsBeforeItAndLeavesItsSlotEmpty)
+{
+    WriteAppsFile(file_, {{"Editor", "Open the editor", "/usr/bin/gedit --new-window", 1, 1},
+                          {"Hidden", "(Hidden|Secret)", "secret", 0, 1},
+                          {"Mail", "Mail", "mutt", 1, 0}});
+    fp.agent->failCalls("Commands.Add( 2,", {1234, "Agent.Control.1", "refused"});
+    LoadApps(app);
+    EXPECT_EQ(fp.agent->calls, QStringList{"Commands.Add( 1,Editor,Open the editor,1,1)"});
+    EXPECT_EQ(app.AppPaths, (std::vector<QString>{QString(), "/usr/bin/gedit --new-window",
+                                                  QString(), QString()}));
+    ASSERT_EQ(fp.dialogs.boxes.size(), 1u);
+    ASSERT_EQ(errorBoxes().size(), 1);
+    EXPECT_TRUE(errorBoxes()[0].contains("( 10.2 )"));
+}
 
 // An entry with both boxes ticked is app_setup.sh's.
 TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
@@ -194,7 +273,10 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
 
 TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesTheFile)
 {
-    keep({"A", "B", "C", "D"});
+    std::vector<AppRecord> records;
+    for (const char* title : {"A", "B", "C", "D"})
+        records.push_back({title, QString("say ") + title, "p", 1, 1});
+    WriteAppsFile(file_, records);
     auto del = [&](frmApp& f, BoxAnswer answer) {
         fp.dialogs.answers = {answer};
         click(f.cmdDel);
@@ -290,7 +372,7 @@ TEST_F(frmAppTest, FileTroubleShowsItsBoxAndKeepsTheProgramUsable)
 
 TEST_F(frmAppTest, TheTitleBarCloseDropsTheEditsAndBringsTheCommandsBack)
 {
-    keep({"A"});
+    WriteAppsFile(file_, {{"A", "say A", "p", 1, 1}});
     const QByteArray kept = fileBytes();
     form().mnuViewTop->setChecked(true);
     app.OnTop = true;
