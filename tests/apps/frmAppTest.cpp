@@ -90,23 +90,18 @@ struct frmAppTest : CharacterFixture, ::testing::Test {
     std::function<void(InstalledAppPicker&)> onPicker;
 };
 
-QByteArray blanks(int n)
-{
-    return QByteArray(n, ' ');
-}
-
 // Cutting, padding and trimming the fields, and the code page, are the fixed fields' own.
 TEST(AppRecordTest, EncodesToTheExactBytesOfTheFile)
 {
+    // The text, then blanks to the width.
+    const auto field = [](const QByteArray& text, int width) { return text.leftJustified(width); };
     const std::pair<AppRecord, QByteArray> cases[] = {
-        {{u"Caf\u00e9 \u2013 R\u00e9sum\u00e9 \u20ac"_qs, "(Cafe|Coffee)", u"/opt/caf\u00e9/run"_qs,
-          1, 0},
-         "Caf\xe9 \x96 R\xe9sum\xe9 \x80" + blanks(35) + "(Cafe|Coffee)" + blanks(37) +
-             "/opt/caf\xe9/run" + blanks(242) + QByteArray("\x01\x00\x00\x00", 4)},
+        {{"Café – Résumé €", "(Cafe|Coffee)", "/opt/café/run", 1, 0},
+         field("Caf\xe9 \x96 R\xe9sum\xe9 \x80", 50) + field("(Cafe|Coffee)", 50) +
+             field("/opt/caf\xe9/run", 255) + QByteArray("\x01\x00\x00\x00", 4)},
         // The byte order of the flags shows with values above 255 and below 0.
         {{"x", "y", "z", 0x0102, -2},
-         "x" + blanks(49) + "y" + blanks(49) + "z" + blanks(254) +
-             QByteArray("\x02\x01\xfe\xff", 4)},
+         field("x", 50) + field("y", 50) + field("z", 255) + QByteArray("\x02\x01\xfe\xff", 4)},
     };
     for (const auto& [record, bytes] : cases) {
         ASSERT_EQ(EncodeAppRecord(record).size(), 359);
@@ -204,8 +199,7 @@ TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
                                       {"Music", "Play music", "player", 1, 0}}));
     EXPECT_EQ(appCommands(), QStringList({"Commands.Add( 1,Mail,Read my mail,1,0)",
                                           "Commands.Add( 2,Music,Play music,0,1)"}));
-    EXPECT_TRUE(character().Commands().Visible());
-    EXPECT_EQ(app.ModalOpen, 0);
+    EXPECT_EQ(std::pair(int(app.ModalOpen), character().Commands().Visible()), std::pair(0, true));
 
     // A close rewrites the file, here without the half record behind the two.
     const QByteArray kept = fileBytes();
@@ -273,10 +267,10 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
 
 TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesTheFile)
 {
-    std::vector<AppRecord> records;
-    for (const char* title : {"A", "B", "C", "D"})
-        records.push_back({title, QString("say ") + title, "p", 1, 1});
-    WriteAppsFile(file_, records);
+    WriteAppsFile(file_, {{"A", "a", "p", 1, 1},
+                          {"B", "b", "p", 1, 1},
+                          {"C", "c", "p", 1, 1},
+                          {"D", "d", "p", 1, 1}});
     auto del = [&](frmApp& f, BoxAnswer answer) {
         fp.dialogs.answers = {answer};
         click(f.cmdDel);
@@ -378,7 +372,6 @@ TEST_F(frmAppTest, TheTitleBarCloseDropsTheEditsAndBringsTheCommandsBack)
     app.OnTop = true;
     form().Timer2->start();
     app.ReadingClip = true;
-    // The modal count, on top, the command group, the reading timer.
     const auto state = [&] {
         return std::tuple(int(app.ModalOpen), app.OnTop, character().Commands().Visible(),
                           form().Timer2->isActive());

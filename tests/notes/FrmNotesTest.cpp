@@ -262,10 +262,8 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
 
 TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
 {
-    std::vector<NoteRecord> notes;
-    for (const char* name : {"A", "B", "C"})
-        notes.push_back({NoteRow{1, 1}, name, QStringLiteral("about ") + name});
-    WriteNotesFile(notesFile(), notes);
+    WriteNotesFile(notesFile(),
+                   {{{1, 1}, "A", "about A"}, {{1, 1}, "B", "about B"}, {{1, 1}, "C", "about C"}});
     const struct {
         int row;
         BoxAnswer answer;

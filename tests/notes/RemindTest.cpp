@@ -120,18 +120,17 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
     };
     const QString cannotOpen = "Cannot Open " + notesFile();
     // Box texts up to their first line end, without the system's reason for a failed open.
-    using Shown = std::tuple<BoxIcon, BoxButtons, QString, QString>;
-    const Shown retry = {BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}},
-                notLoaded = {BoxIcon::Warning, BoxButtons::OK, "Notes File",
-                             "Notes file has not been loaded"},
-                overflow = {BoxIcon::Critical, BoxButtons::OK, "Unknown Error", "Overflow"};
+    const fakes::Box retry = {BoxIcon::Critical, BoxButtons::RetryCancel, cannotOpen, {}},
+                     notLoaded = {BoxIcon::Warning, BoxButtons::OK, "Notes File",
+                                  "Notes file has not been loaded"},
+                     overflow = {BoxIcon::Critical, BoxButtons::OK, "Unknown Error", "Overflow"};
     const struct {
         const char* what;
         std::function<void()> setup;
         std::vector<NoteRow> table;
         bool timer;
         std::deque<BoxAnswer> answers = {};
-        std::vector<Shown> boxes = {};
+        std::vector<fakes::Box> boxes = {};
     } cases[] = {
         {"no file", [] {}, {{}}, false},
         {"no 1", write({{off, "a", ""}, {two, "b", ""}}), {{}, off, two}, false},
@@ -154,10 +153,9 @@ TEST_F(LoadNotesTest, OnlyAReminderOfExactlyOneStartsTheTimerAndFailuresLeaveThe
         fp.dialogs.onBox = nullptr;
         EXPECT_EQ(app.NoteTable, c.table);
         EXPECT_EQ(app.MainForm->RemindTimer->isActive(), c.timer);
-        std::vector<Shown> boxes;
-        for (const fakes::Box& b : fp.dialogs.boxes)
-            boxes.emplace_back(b.icon, b.buttons, b.title,
-                               b.title == cannotOpen ? QString() : b.text.section('\r', 0, 0));
+        std::vector<fakes::Box> boxes = fp.dialogs.boxes;
+        for (fakes::Box& b : boxes)
+            b.text = b.title == cannotOpen ? QString() : b.text.section('\r', 0, 0);
         EXPECT_EQ(boxes, c.boxes);
     }
     EXPECT_TRUE(errorBoxes().first().contains("( Unknown ( 8 ) 6, Quorl)"));
@@ -403,9 +401,9 @@ TEST_F(frmRemindTest, ARecordThatIsNotThereClosesTheWindowWithABox)
         EXPECT_EQ(fp.dialogs.boxes[0].icon, platform::BoxIcon::Critical);
         EXPECT_EQ(fp.dialogs.boxes[0].title, c.title);
         EXPECT_TRUE(fp.dialogs.boxes[0].text.contains(c.text));
-        EXPECT_EQ(app.ModalOpen, 0);
         // The command group stays hidden until the next window that shows it closes.
-        EXPECT_FALSE(character().Commands().Visible());
+        EXPECT_EQ(std::pair(int(app.ModalOpen), character().Commands().Visible()),
+                  std::pair(0, false));
         QDir(notesFile()).removeRecursively();
     }
     // Opening the deleted file has made it anew, empty.
