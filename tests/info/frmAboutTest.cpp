@@ -28,25 +28,22 @@ TEST_F(frmAboutTest, OpensOverTheMainWindowAndOKRestoresTheCommands)
 {
     form().mnuViewTop->setChecked(true);
     app.OnTop = true;
-    bool checked = false;
+    const auto state = [&] {
+        return std::tuple(int(app.ModalOpen), app.OnTop, character().commands.Visible());
+    };
     fp.onModal = [&](QDialog& dialog) {
         auto& about = static_cast<frmAbout&>(dialog);
         EXPECT_EQ(dialog.parentWidget(), &form());
-        EXPECT_EQ(app.ModalOpen, 1);
-        EXPECT_FALSE(app.OnTop);
-        EXPECT_FALSE(fp.agent->character()->commands.Visible());
+        EXPECT_EQ(state(), std::tuple(1, false, false));
         EXPECT_EQ((QStringList{about.lblVersion->text(), about.lblTitle->text(),
                                about.cmdSysInfo->text()}),
                   (QStringList{"Version 1.6.45", "Kestrane Quorl", "&System Info.."}));
         about.Label4_Click();
         about.cmdOK->click();
-        checked = true;
     };
     form().mnuAboutAbout->trigger();
-    EXPECT_TRUE(checked);
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(app.OnTop);
-    EXPECT_TRUE(fp.agent->character()->commands.Visible());
+    EXPECT_EQ(state(), std::tuple(0, true, true));
+    // The home page link is clicked in the window, so this also shows that it came up.
     EXPECT_EQ(fp.shell.urls, QStringList{HomePageUrl});
     EXPECT_EQ(form().mnuAboutAbout->shortcut(), QKeySequence("Ctrl+A"));
 }

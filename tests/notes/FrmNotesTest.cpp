@@ -128,6 +128,13 @@ protected:
             app.Events->Agent1_Command({command});
         fp.onModal = nullptr;
     }
+
+    // The reminder timer, the modal count, the command group and staying on top.
+    auto state()
+    {
+        return std::tuple(form().RemindTimer->isActive(), int(app.ModalOpen),
+                          character().Commands().Visible(), app.OnTop);
+    }
 };
 
 TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeAndTheKeyboardReachesEveryControl)
@@ -137,15 +144,13 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeAndTheKeyboardReaches
     // Opened by the spoken command this time.
     session(
         [&](frmNotes& f) {
-            EXPECT_FALSE(form().RemindTimer->isActive());
-            EXPECT_EQ(app.ModalOpen, 1);
-            EXPECT_FALSE(character().Commands().Visible());
+            EXPECT_EQ(state(), std::tuple(false, 1, false, false));
             EXPECT_EQ(f.windowTitle(), QStringLiteral("Notes & Reminders"));
             EXPECT_EQ(shown(f), (QStringList{"New Note", "", "1", "Once", "November", "22", "2026",
                                              "02", "25", "PM", ""}));
-            EXPECT_TRUE(f.Frame1->isEnabled());
-            EXPECT_FALSE(f.cmdChange->isEnabled());
-            EXPECT_FALSE(f.cmdDel->isEnabled());
+            EXPECT_EQ(
+                std::tuple(f.Frame1->isEnabled(), f.cmdChange->isEnabled(), f.cmdDel->isEnabled()),
+                std::tuple(true, false, false));
             EXPECT_EQ(QApplication::focusWidget(), f.txtName);
             // The note's field holds 500 bytes, a line end taking two.
             type(f.txtNote, QString(499, 'a') + "\nbc");
@@ -167,10 +172,7 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeAndTheKeyboardReaches
         },
         "Notes");
     EXPECT_EQ(fp.modalWindows, QStringList{"frmNotes"});
-    EXPECT_TRUE(form().RemindTimer->isActive());
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(character().Commands().Visible());
-    EXPECT_TRUE(app.OnTop);
+    EXPECT_EQ(state(), std::tuple(true, 0, true, true));
 }
 
 TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndComeBack)
@@ -289,8 +291,8 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
                                     "Are you sure?"};
         EXPECT_EQ(fp.dialogs.boxes, std::vector(std::size(steps), confirm));
         EXPECT_EQ(f.txtNote->toPlainText(), QString());
-        EXPECT_FALSE(f.cmdChange->isEnabled());
-        EXPECT_FALSE(f.cmdDel->isEnabled());
+        EXPECT_EQ(std::pair(f.cmdChange->isEnabled(), f.cmdDel->isEnabled()),
+                  std::pair(false, false));
         f.cmdClose->click();
     });
     EXPECT_FALSE(QFile::exists(notesFile()));
@@ -370,8 +372,7 @@ TEST_F(FrmNotesTest, AFileThatCannotBeReadOrWrittenIsNamedInABox)
     ASSERT_TRUE(QDir().mkdir(unreadable));
     form().mnuQuorlReminders->trigger();
     EXPECT_TRUE(fp.modalWindows.isEmpty());
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(form().RemindTimer->isActive());
+    EXPECT_EQ(state(), std::tuple(true, 0, false, false));
 
     app.AppPath = dir.path() + "/missing";
     fp.dialogs.answers = {BoxAnswer::Retry, BoxAnswer::Cancel};
@@ -388,10 +389,8 @@ TEST_F(FrmNotesTest, AFileThatCannotBeReadOrWrittenIsNamedInABox)
     EXPECT_EQ(seen,
               (std::vector<Seen>{
                   {BoxIcon::Critical, BoxButtons::OK, "Cannot Open " + unreadable}, retry, retry}));
-    EXPECT_TRUE(form().RemindTimer->isActive());
-    EXPECT_EQ(app.ModalOpen, 0);
     // Only cmdClose brings the command group back.
-    EXPECT_FALSE(character().Commands().Visible());
+    EXPECT_EQ(state(), std::tuple(true, 0, false, false));
 }
 
 } // namespace

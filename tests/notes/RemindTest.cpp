@@ -318,13 +318,6 @@ protected:
         ShowRemindForm(app, false);
         return RemindForm(app);
     }
-
-    void settings(const QString& value)
-    {
-        fp.store.setValue("ReminderText", "Time for it");
-        for (const char* name : {"ShowIfHidden", "NoteTime", "NoteDate", "ReadNote"})
-            fp.store.setValue(name, value);
-    }
 };
 
 // Each window is closed by Enter: as it opens, or with the focus in the note's text.
@@ -333,20 +326,22 @@ TEST_F(frmRemindTest, SpeechFollowsTheSwitchesInItsOrderAndEnterCloses)
     const QStringList all = {"Time for it", "The time now is", "Today is", "Blue ones"};
     const struct {
         const char* what;
-        std::function<void()> setup;
+        QStringList on; // the switches set to 1; the others are not set
         QStringList spoken;
         QString firstCall;
         bool enterInText = false;
     } cases[] = {
-        {"all off", [&] { settings("0"); }, {}, {}, true},
-        {"all on", [&] { settings("1"); }, all, "Show(1)"},
-        {"time only", [&] { fp.store.setValue("NoteTime", "1"); }, {"The time now is"}, "Show(0)"},
+        {"all off", {}, {}, {}, true},
+        {"all on", {"ShowIfHidden", "NoteTime", "NoteDate", "ReadNote"}, all, "Show(1)"},
+        {"time only", {"NoteTime"}, {"The time now is"}, "Show(0)"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         fp.store = fakes::FakeStore();
+        fp.store.setValue("ReminderText", "Time for it");
+        for (const QString& name : c.on)
+            fp.store.setValue(name, "1");
         fp.agent->calls.clear();
-        c.setup();
         frmRemind* form = open();
         ASSERT_TRUE(form);
         const QStringList spoken = fp.agent->spoken();
