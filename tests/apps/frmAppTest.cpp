@@ -213,10 +213,9 @@ TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
         EXPECT_EQ(f.txtVoice->text(), "Read my mail");
         EXPECT_FALSE(f.cmdUp->isEnabled());
         f.List1->setCurrentRow(1);
-        EXPECT_EQ(f.txtPath->text(), "player");
-        EXPECT_TRUE(f.chkVisible->isChecked());
-        EXPECT_FALSE(f.chkVoice->isChecked());
-        EXPECT_FALSE(f.cmdDown->isEnabled());
+        EXPECT_EQ(std::tuple(f.txtPath->text(), f.chkVisible->isChecked(), f.chkVoice->isChecked(),
+                             f.cmdDown->isEnabled()),
+                  std::tuple(QString("player"), true, false, false));
         click(f.cmdClose);
     });
     EXPECT_EQ(fileBytes(), kept);
@@ -280,14 +279,12 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesT
         del(f, BoxAnswer::No);
         EXPECT_EQ(f.AppCount(), 4);
         del(f, BoxAnswer::Yes);
-        EXPECT_EQ(f.List1->currentRow(), 2);
-        EXPECT_EQ(f.txtName->text(), "C");
+        EXPECT_EQ(std::pair(f.List1->currentRow(), f.txtName->text()), std::pair(2, QString("C")));
 
         f.List1->setCurrentRow(0);
         del(f, BoxAnswer::Yes);
         EXPECT_EQ(lines(f.List1), QStringList({"B", "C"}));
-        EXPECT_EQ(f.List1->currentRow(), 0);
-        EXPECT_EQ(f.txtName->text(), "B");
+        EXPECT_EQ(std::pair(f.List1->currentRow(), f.txtName->text()), std::pair(0, QString("B")));
 
         // The routines refuse at the ends as the buttons do.
         f.cmdUp_Click();
@@ -296,13 +293,13 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesT
         EXPECT_EQ(f.AppList.at(1).Title, "B");
         f.cmdDown_Click();
         click(f.cmdUp);
-        EXPECT_EQ(f.AppList.at(0).Title, "B");
-        EXPECT_EQ(f.List1->currentRow(), 0);
+        EXPECT_EQ(std::pair(f.List1->currentRow(), f.AppList.at(0).Title),
+                  std::pair(0, QString("B")));
 
         del(f, BoxAnswer::Yes);
         del(f, BoxAnswer::Yes);
-        EXPECT_FALSE(f.cmdDel->isEnabled());
-        EXPECT_FALSE(f.cmdChange->isEnabled());
+        EXPECT_EQ(std::pair(f.cmdDel->isEnabled(), f.cmdChange->isEnabled()),
+                  std::pair(false, false));
         EXPECT_EQ(f.txtName->text(), "C");
         type(f.txtVoice, "new voice");
         click(f.cmdAdd);
@@ -360,8 +357,7 @@ TEST_F(frmAppTest, FileTroubleShowsItsBoxAndKeepsTheProgramUsable)
     open([&](frmApp&) { shown = true; });
     EXPECT_FALSE(shown);
     EXPECT_EQ(fp.dialogs.titles(), QStringList{title});
-    EXPECT_EQ(app.ModalOpen, 0);
-    EXPECT_TRUE(character().Commands().Visible());
+    EXPECT_EQ(std::pair(int(app.ModalOpen), character().Commands().Visible()), std::pair(0, true));
 }
 
 TEST_F(frmAppTest, TheTitleBarCloseDropsTheEditsAndBringsTheCommandsBack)
