@@ -230,28 +230,27 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
     const QString exists = "A note with same name exists";
     const QStringList three = {"Tea", "tea", "Milk"};
     const struct {
-        QPushButton* frmNotes::*button;
+        bool change;               // cmdChange, else cmdNew
         QString name, title, text; // a null title: no box
         QStringList list;
     } steps[] = {
-        {&frmNotes::cmdNew, "Tea", {}, {}, {"Tea"}},
-        {&frmNotes::cmdNew, "Tea", cannotAdd, exists, {"Tea"}},
-        {&frmNotes::cmdNew, "tea", {}, {}, {"Tea", "tea"}},
-        {&frmNotes::cmdNew, "  Milk  ", {}, {}, three},
-        {&frmNotes::cmdNew, " Milk", cannotAdd, exists, three},
-        {&frmNotes::cmdNew, "   ", missing, "You must specify a name for your note", three},
-        {&frmNotes::cmdChange, "Milk", {}, {}, three},
-        {&frmNotes::cmdChange, "Tea", cannotAdd, "A note with same name or voice command exists",
-         three},
-        {&frmNotes::cmdChange, " ", missing, "You must have a short name for your note", three},
-        {&frmNotes::cmdChange, "Oat milk", {}, {}, {"Tea", "tea", "Oat milk"}},
+        {false, "Tea", {}, {}, {"Tea"}},
+        {false, "Tea", cannotAdd, exists, {"Tea"}},
+        {false, "tea", {}, {}, {"Tea", "tea"}},
+        {false, "  Milk  ", {}, {}, three},
+        {false, " Milk", cannotAdd, exists, three},
+        {false, "   ", missing, "You must specify a name for your note", three},
+        {true, "Milk", {}, {}, three},
+        {true, "Tea", cannotAdd, "A note with same name or voice command exists", three},
+        {true, " ", missing, "You must have a short name for your note", three},
+        {true, "Oat milk", {}, {}, {"Tea", "tea", "Oat milk"}},
     };
     session([&](frmNotes& f) {
         for (const auto& step : steps) {
             SCOPED_TRACE(step.name.toStdString());
             fp.dialogs.boxes.clear();
             type(f.txtName, step.name);
-            (f.*step.button)->click();
+            (step.change ? f.cmdChange : f.cmdNew)->click();
             const fakes::Box box = {BoxIcon::Warning, BoxButtons::OK, step.title, step.text};
             EXPECT_EQ(fp.dialogs.boxes, std::vector(step.title.isNull() ? 0 : 1, box));
             EXPECT_EQ(entries(f.List1), step.list);

@@ -8,18 +8,11 @@
 #include <gtest/gtest.h>
 
 // A schedule row with its reminder on, the hour given on a 24-hour clock.
-inline NoteRow Reminder(int kind, int hour, int minute, int every = 0, int day = 0, int year = 0)
+inline NoteRow Reminder(std::int16_t kind, int hour, std::int16_t minute, std::int16_t every = 0,
+                        std::int16_t day = 0, std::int16_t year = 0)
 {
-    NoteRow row;
-    row.Remind = 1;
-    row.Kind = std::int16_t(kind);
-    row.Every = std::int16_t(every);
-    row.Day = std::int16_t(day);
-    row.Year = std::int16_t(year);
-    row.HourIndex = std::int16_t((hour + 11) % 12);
-    row.MinuteIndex = std::int16_t(minute);
-    row.AmPm = std::int16_t(hour >= 12 ? 1 : 0);
-    return row;
+    const auto hourIndex = std::int16_t((hour + 11) % 12), amPm = std::int16_t(hour >= 12);
+    return {1, kind, every, day, year, hourIndex, minute, amPm};
 }
 
 // The loaded program with its data folder in a temporary folder; the fake clock stands at
