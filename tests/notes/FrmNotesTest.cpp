@@ -51,16 +51,11 @@ QLineEdit* lineEditOf(QWidget* box)
     return list ? list->lineEdit() : qobject_cast<QLineEdit*>(box);
 }
 
-void leave()
-{
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-}
-
 // Focuses a box as Tab would and types over what it offers for replacing.
 void type(QWidget* box, const QString& keys)
 {
     if (box->hasFocus())
-        leave();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     box->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(QTest::qWaitFor([box] { return box->hasFocus(); }));
     if (QLineEdit* edit = lineEditOf(box)) {
@@ -91,7 +86,7 @@ void run(frmNotes& f, const QString& script)
             type(box, keys);
         }
         if (action[mark] == '=')
-            leave();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
 }
 
@@ -160,7 +155,7 @@ TEST_F(FrmNotesTest, FirstRunOffersANewNoteAtThePresentTimeAndTheKeyboardReaches
             ASSERT_TRUE(QTest::qWaitFor([&] { return f.List1->count() == 1; }));
             QStringList names;
             for (int i = 0; i < 16; ++i) {
-                leave();
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
                 names << QApplication::focusWidget()->accessibleName();
             }
             EXPECT_EQ(names, (QStringList{"Notes", "Note:", "Remind me", "Remind me how often",
