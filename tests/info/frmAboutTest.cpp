@@ -3,7 +3,6 @@
 #include "fakes/LoadedProgram.h"
 
 #include <QAction>
-#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
