@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <vector>
 
 // Test doubles for every platform interface, bundled as one Platform.
@@ -111,6 +112,12 @@ struct Box {
     QString text;
     bool operator==(const Box&) const = default;
 };
+
+inline void PrintTo(const Box& box, std::ostream* out)
+{
+    *out << '{' << int(box.icon) << ", " << int(box.buttons) << ", \"" << box.title.toStdString()
+         << "\", \"" << box.text.toStdString() << "\"}";
+}
 
 struct FakeDialogs : platform::Dialogs {
     platform::BoxAnswer MsgBox(platform::BoxIcon icon, platform::BoxButtons buttons,
