@@ -78,12 +78,11 @@ TEST_F(ClosingTest, CloseBoxHidesTheWindowOrMinimizesItWithoutATray)
         SCOPED_TRACE(tray ? "tray" : "no tray");
         Running t;
         t.fp.tray.available = tray;
+        const auto shown = [&] { return std::pair(t.form().isVisible(), t.form().isMinimized()); };
         EXPECT_FALSE(t.form().close());
-        EXPECT_EQ(t.form().isVisible(), !tray);
-        EXPECT_EQ(t.form().isMinimized(), !tray);
+        EXPECT_EQ(shown(), std::pair(!tray, !tray));
         t.form().showNormal();
         t.form().Command1->click();
-        EXPECT_EQ(t.form().isVisible(), !tray);
-        EXPECT_EQ(t.form().isMinimized(), !tray);
+        EXPECT_EQ(shown(), std::pair(!tray, !tray));
     }
 }

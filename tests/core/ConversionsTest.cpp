@@ -3,6 +3,7 @@
 #include "core/Cp1252.h"
 #include "core/Utf8Validator.h"
 
+#include <QStringList>
 #include <gtest/gtest.h>
 
 using namespace Conversions;
@@ -14,10 +15,8 @@ TEST(ConversionsTest, ValTakesTheLeadingNumber)
                                                 {"-", 0},   {"True", 0}};
     for (const auto& [text, value] : cases)
         EXPECT_EQ(Val(text), value) << text.toStdString();
-    EXPECT_EQ(SingleText(3.1f), "3.1");
-    EXPECT_EQ(SingleText(11.0f), "11");
-    EXPECT_EQ(NumberText(3), " 3");
-    EXPECT_EQ(NumberText(-3), "-3");
+    EXPECT_EQ((QStringList{SingleText(3.1f), SingleText(11.0f), NumberText(3), NumberText(-3)}),
+              (QStringList{"3.1", "11", " 3", "-3"}));
 }
 
 TEST(Cp1252Test, EncodesEachCharacterAsOneByte)

@@ -1,6 +1,10 @@
+#include "agent/sheet/PropertySheet.h"
+#include "commands/frmShut.h"
 #include "core/MainWindow.h"
 #include "core/ReadingState.h"
+#include "fakes/Accessibility.h"
 #include "fakes/LoadedProgram.h"
+#include "info/frmAbout.h"
 #include "info/frmSplash.h"
 
 #include <QAction>
@@ -105,4 +109,18 @@ TEST_F(MainMenusTest, EnterSaysTheTextAndShiftEnterBreaksTheLine)
     QTest::keyClick(f.Read, Qt::Key_Return);
     EXPECT_EQ(read.count(), 1) << "a focused button takes Enter itself";
     EXPECT_EQ(talk.count(), 2);
+}
+
+TEST(AccessibilityTest, EveryControlIsReachableAndNamed)
+{
+    fakes::LoadedProgram program;
+    frmSplash splash(program.app);
+    frmAbout about(program.app);
+    frmShut shut(program.app);
+    agent::PropertySheet sheet;
+    for (QWidget* window :
+         std::initializer_list<QWidget*>{&program.form(), &splash, &about, &shut, &sheet}) {
+        SCOPED_TRACE(window->metaObject()->className());
+        ExpectFocusableControlsNamed(*window);
+    }
 }

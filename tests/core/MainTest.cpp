@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+using platform::BoxButtons;
 using platform::BoxIcon;
 using platform::RuntimeError;
 
@@ -14,7 +15,6 @@ struct MainRun {
     App app{fp.platform};
     bool ended = false;
 
-    // Sets the stored values, lets `prepare` change the fakes, then runs Main.
     explicit MainRun(const std::map<QString, QString>& values = {},
                      const std::function<void(fakes::FakePlatform&)>& prepare = {})
     {
@@ -35,10 +35,9 @@ TEST(MainTest, SecondInstanceIsRefusedBeforeAnythingIsTouched)
 {
     const MainRun run({}, [](fakes::FakePlatform& fp) { fp.instance.previousRunning = true; });
     EXPECT_TRUE(run.ended);
-    ASSERT_EQ(run.fp.dialogs.boxes.size(), 1u);
-    EXPECT_EQ(run.fp.dialogs.boxes[0].icon, BoxIcon::Warning);
-    EXPECT_EQ(run.fp.dialogs.boxes[0].title, "Quorl");
-    EXPECT_EQ(run.fp.dialogs.boxes[0].text, "Quorl is already running!");
+    EXPECT_EQ(run.fp.dialogs.boxes,
+              (std::vector<fakes::Box>{
+                  {BoxIcon::Warning, BoxButtons::OK, "Quorl", "Quorl is already running!"}}));
     EXPECT_EQ(run.fp.agent, nullptr);
     EXPECT_EQ(run.app.MainForm, nullptr);
 }
@@ -79,29 +78,30 @@ TEST(MainTest, NoCharacterControlIsReportedAsAgentMissing)
 TEST(MainTest, SpeechEnginesThatAreMissingOrOff)
 {
     const RuntimeError silent(platform::errors::SpeechInputError, platform::AgentSource, {});
+    const fakes::Box enable{BoxIcon::Critical, BoxButtons::OK, "Enable Speech Engine",
+                            "Speech engine is not enabled. Please enable Speech Input and then "
+                            "press Ok. Otherwise, input features of Quorl will not work."};
     const struct {
         const char* name;
         std::function<void(fakes::FakeAgent&)> engines;
-        BoxIcon icon;
-        QString title, text;
+        fakes::Box box;
         bool ends;
     } cases[] = {
-        {"speech output off", [](fakes::FakeAgent& a) { a.audioOutputEnabled = false; },
-         BoxIcon::Critical, "Speech is disabled",
-         "Speech output is not installed or has been disabled. Visit " + HomePageUrl +
-             " to download a speech engine. If you have already done that, click the right mouse "
-             "button on Microsoft Agent icon on your system tray, click on 'Microsoft Agent "
-             "Properties'. In the 'Output' tab, check all the check boxes.",
+        {"speech output off",
+         [](fakes::FakeAgent& a) { a.audioOutputEnabled = false; },
+         {BoxIcon::Critical, BoxButtons::OK, "Speech is disabled",
+          "Speech output is not installed or has been disabled. Visit " + HomePageUrl +
+              " to download a speech engine. If you have already done that, click the right mouse "
+              "button on Microsoft Agent icon on your system tray, click on 'Microsoft Agent "
+              "Properties'. In the 'Output' tab, check all the check boxes."},
          true},
-        {"no speech input engine", [](fakes::FakeAgent& a) { a.speechInputInstalled = false; },
-         BoxIcon::Plain, "Speech Engine not Installed",
-         "You don't have a compatible input speech engine installed, visit " + HomePageUrl +
-             " to download the Command and Control Engine.",
+        {"no speech input engine",
+         [](fakes::FakeAgent& a) { a.speechInputInstalled = false; },
+         {BoxIcon::Plain, BoxButtons::OK, "Speech Engine not Installed",
+          "You don't have a compatible input speech engine installed, visit " + HomePageUrl +
+              " to download the Command and Control Engine."},
          true},
-        {"speech input off", [](fakes::FakeAgent& a) { a.speechInputEnabled = false; },
-         BoxIcon::Critical, "Enable Speech Engine",
-         "Speech engine is not enabled. Please enable Speech Input and then press Ok. Otherwise, "
-         "input features of Quorl will not work.",
+        {"speech input off", [](fakes::FakeAgent& a) { a.speechInputEnabled = false; }, enable,
          false},
         // Errors that the reporter passes over while testing let start-up go on.
         {"silent errors",
@@ -111,10 +111,7 @@ TEST(MainTest, SpeechEnginesThatAreMissingOrOff)
                          {platform::errors::ObjectError, platform::AgentSource, {}});
              a.speechInputEnabled = false;
          },
-         BoxIcon::Critical,
-         "Enable Speech Engine",
-         {},
-         false},
+         enable, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -123,16 +120,11 @@ TEST(MainTest, SpeechEnginesThatAreMissingOrOff)
         });
         EXPECT_EQ(run.ended, c.ends);
         ASSERT_FALSE(run.fp.dialogs.boxes.empty());
-        const fakes::Box& box = run.fp.dialogs.boxes[0];
-        EXPECT_EQ(box.icon, c.icon);
-        EXPECT_EQ(box.title, c.title);
-        if (!c.text.isEmpty()) {
-            EXPECT_EQ(box.text, c.text);
-        }
+        EXPECT_EQ(run.fp.dialogs.boxes[0], c.box);
         if (c.ends) {
             EXPECT_EQ(run.fp.dialogs.boxes.size(), 1u);
         }
-        if (box.title == "Enable Speech Engine") {
+        if (c.box.title == enable.title) {
             EXPECT_EQ(run.fp.agent->propertySheetPage, "Speech");
             EXPECT_TRUE(run.fp.agent->propertySheetVisible);
         }

@@ -4,11 +4,13 @@
 #include "platform/Platform.h"
 
 #include <QDateTime>
+#include <QDialog>
 #include <QStringList>
 #include <deque>
 #include <functional>
 #include <map>
 #include <optional>
+#include <ostream>
 #include <vector>
 
 // Test doubles for every platform interface, bundled as one Platform.
@@ -24,19 +26,62 @@ struct ProgramEnded {
 class FakeStore : public platform::RegistryStore
 {
 public:
-    long RegOpenKeyA(std::uint32_t hive, const QString& path, Handle& key) override;
-    long RegCreateKeyA(std::uint32_t hive, const QString& path, Handle& key) override;
+    long RegOpenKeyA(std::uint32_t hive, const QString& path, Handle& key) override
+    {
+        if (keys_.count(path.toLower()))
+            return RegCreateKeyA(hive, path, key);
+        key = 0;
+        return NotFound;
+    }
+    long RegCreateKeyA(std::uint32_t, const QString& path, Handle& key) override
+    {
+        keys_[path.toLower()];
+        key = next_++;
+        open_[key] = path.toLower();
+        return Success;
+    }
     long RegQueryValueExA(Handle key, const QString& name, std::uint32_t& type, QByteArray* data,
-                          std::uint32_t& length) override;
+                          std::uint32_t& length) override
+    {
+        const Value* v = open_.count(key) ? find(open_[key], name) : nullptr;
+        if (!v)
+            return NotFound;
+        type = v->type;
+        length = std::uint32_t(v->data.size());
+        if (data)
+            *data = v->data;
+        return Success;
+    }
     long RegSetValueExA(Handle key, const QString& name, std::uint32_t type,
-                        const QByteArray& data) override;
-    long RegCloseKey(Handle key) override;
+                        const QByteArray& data) override
+    {
+        if (!open_.count(key))
+            return NotFound;
+        writes << name;
+        keys_[open_[key]][name.toLower()] = {type, data};
+        return Success;
+    }
+    long RegCloseKey(Handle key) override
+    {
+        open_.erase(key);
+        return Success;
+    }
 
     // The program's own key, for tests: the value, or nullopt when missing.
-    std::optional<QString> value(const QString& name) const;
-    void setValue(const QString& name, const QString& text);
-    void setRaw(const QString& name, std::uint32_t type, const QByteArray& data);
-    int valueCount() const;
+    std::optional<QString> value(const QString& name) const
+    {
+        const Value* v = find(ProgramKey, name);
+        return v ? std::optional(QString::fromUtf8(v->data)) : std::nullopt;
+    }
+    void setValue(const QString& name, const QString& text) { setRaw(name, String, text.toUtf8()); }
+    void setRaw(const QString& name, std::uint32_t type, const QByteArray& data)
+    {
+        keys_[ProgramKey][name.toLower()] = {type, data};
+    }
+    int valueCount() const
+    {
+        return keys_.count(ProgramKey) ? int(keys_.at(ProgramKey).size()) : 0;
+    }
     // Names written, in order.
     QStringList writes;
 
@@ -45,6 +90,15 @@ private:
         std::uint32_t type;
         QByteArray data;
     };
+    inline static const QString ProgramKey = QStringLiteral("software\\kestrane\\quorl");
+    const Value* find(const QString& path, const QString& name) const
+    {
+        const auto k = keys_.find(path);
+        if (k == keys_.end())
+            return nullptr;
+        const auto v = k->second.find(name.toLower());
+        return v == k->second.end() ? nullptr : &v->second;
+    }
     // Paths and names in lower case.
     std::map<QString, std::map<QString, Value>> keys_;
     std::map<Handle, QString> open_;
@@ -59,18 +113,53 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
-class FakeDialogs : public platform::Dialogs
+inline void PrintTo(const Box& box, std::ostream* out)
 {
-public:
+    *out << '{' << int(box.icon) << ", " << int(box.buttons) << ", \"" << box.title.toStdString()
+         << "\", \"" << box.text.toStdString() << "\"}";
+}
+
+struct FakeDialogs : platform::Dialogs {
     platform::BoxAnswer MsgBox(platform::BoxIcon icon, platform::BoxButtons buttons,
-                               const QString& title, const QString& text) override;
+                               const QString& title, const QString& text) override
+    {
+        boxes.push_back({icon, buttons, title, text});
+        if (onBox)
+            onBox(boxes.back());
+        if (answers.empty())
+            return platform::BoxAnswer::OK;
+        const platform::BoxAnswer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
     void Beep() override { ++beeps; }
-    QString OpenFile(const platform::OpenFileRequest& request) override;
+    QString OpenFile(const platform::OpenFileRequest& request) override
+    {
+        fileRequests.push_back(request);
+        if (files.empty())
+            return {};
+        const QString file = files.front();
+        files.pop_front();
+        return file;
+    }
 
     std::vector<Box> boxes;
-    QStringList titles() const;
+    QStringList titles() const
+    {
+        QStringList found;
+        for (const Box& box : boxes)
+            found << box.title;
+        return found;
+    }
     // The texts of the boxes with this title.
-    QStringList texts(const QString& title) const;
+    QStringList texts(const QString& title) const
+    {
+        QStringList found;
+        for (const Box& box : boxes)
+            if (box.title == title)
+                found << box.text;
+        return found;
+    }
     // Answers given in turn; OK when none is left.
     std::deque<platform::BoxAnswer> answers;
     std::vector<platform::OpenFileRequest> fileRequests;
@@ -81,44 +170,41 @@ public:
     std::function<void(const Box&)> onBox;
 };
 
-class FakeClock : public platform::Clock
-{
-public:
+struct FakeClock : platform::Clock {
     QDateTime Now() const override { return now; }
     QDateTime now = QDateTime(QDate(2026, 11, 22), QTime(14, 25));
 };
 
 // A 1024 x 768 pixel screen at 15 twips per pixel.
-class FakeScreen : public platform::Screen
-{
-public:
+struct FakeScreen : platform::Screen {
     int Width() const override { return 1024 * 15; }
     int Height() const override { return 768 * 15; }
     int TwipsPerPixelX() const override { return 15; }
     int TwipsPerPixelY() const override { return 15; }
 };
 
-class FakeClipboard : public platform::Clipboard
-{
-public:
+struct FakeClipboard : platform::Clipboard {
     QString Text() const override { return text; }
     QString text;
 };
 
-class FakeShell : public platform::Shell
-{
-public:
+struct FakeShell : platform::Shell {
     void OpenUrl(const QString& url) override { urls << url; }
-    void StartCommandLine(const QString& commandLine) override;
+    void StartCommandLine(const QString& commandLine) override
+    {
+        const auto it = failing.find(commandLine);
+        if (it != failing.end())
+            throw platform::RuntimeError(platform::errors::FileNotFound, QStringLiteral("Quorl"),
+                                         it->second);
+        started << commandLine;
+    }
     QStringList urls;
     QStringList started;
     // Command lines that fail to start, with the error's description.
     std::map<QString, QString> failing;
 };
 
-class FakePower : public platform::Power
-{
-public:
+struct FakePower : platform::Power {
     void ExitWindowsEx(unsigned flags, unsigned reserved) override
     {
         calls.push_back({flags, reserved});
@@ -130,16 +216,12 @@ public:
     std::function<void()> onCall;
 };
 
-class FakeInstance : public platform::Instance
-{
-public:
+struct FakeInstance : platform::Instance {
     bool PreviousInstanceRunning() override { return previousRunning; }
     bool previousRunning = false;
 };
 
-class FakeProcess : public platform::Process
-{
-public:
+struct FakeProcess : platform::Process {
     [[noreturn]] void End() override
     {
         ++ends;
@@ -148,9 +230,7 @@ public:
     int ends = 0;
 };
 
-class FakeEndRequests : public platform::EndRequests
-{
-public:
+struct FakeEndRequests : platform::EndRequests {
     void Watch(std::function<void()> onTerminate, std::function<void()> onSessionEnd) override
     {
         terminate = std::move(onTerminate);
@@ -160,9 +240,7 @@ public:
     std::function<void()> sessionEnd;
 };
 
-class FakeTray : public platform::TrayIcon
-{
-public:
+struct FakeTray : platform::TrayIcon {
     bool Available() const override { return available; }
     void Create(const QIcon&, const QString&, std::function<void()> onDoubleClick) override
     {
@@ -180,8 +258,6 @@ public:
 class FakePlatform
 {
 public:
-    FakePlatform();
-
     FakeStore store;
     FakeDialogs dialogs;
     FakeClock clock;
@@ -199,7 +275,28 @@ public:
     std::function<void(QDialog&)> onModal;
     QStringList modalWindows;
 
-    platform::Platform platform;
+    platform::Platform platform = ::platform::Platform(
+        store, dialogs, clock, screen, clipboard, shell, power, instance, process, endRequests,
+        tray, std::bind_front(&FakePlatform::createAgent, this),
+        std::bind_front(&FakePlatform::showModal, this), QString());
+
+private:
+    std::unique_ptr<platform::Agent> createAgent()
+    {
+        if (agentMissing)
+            throw platform::RuntimeError(platform::errors::AgentNotInstalled,
+                                         QStringLiteral("Quorl"),
+                                         QStringLiteral("Can't create object"));
+        auto created = std::make_unique<FakeAgent>();
+        agent = created.get();
+        return created;
+    }
+    void showModal(QDialog& dialog)
+    {
+        modalWindows << QString::fromLatin1(dialog.metaObject()->className());
+        if (onModal)
+            onModal(dialog);
+    }
 };
 
 } // namespace fakes

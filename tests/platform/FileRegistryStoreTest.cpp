@@ -16,9 +16,7 @@ struct FileRegistryStoreTest : ::testing::Test {
 
 TEST_F(FileRegistryStoreTest, ValuesLastFromOneRunToTheNextAndLeaveNoOtherFiles)
 {
-    {
-        FileRegistryStore unused(fileName());
-    }
+    FileRegistryStore{fileName()};
     EXPECT_FALSE(QDir(dir.path() + "/Kestrane").exists()) << "a store never used creates nothing";
     {
         FileRegistryStore store(fileName());
@@ -49,7 +47,6 @@ TEST_F(FileRegistryStoreTest, UnreadableFileIsKeptAsideAndTheStoreStartsEmpty)
     EXPECT_TRUE(QFile::exists(fileName())) << "set aside before the first operation";
     RegFunctions::Settings settings(store);
     EXPECT_EQ(settings.ReadText("Version"), QString());
-    ASSERT_FALSE(store.setAsideFileName().isEmpty());
     QFile kept(store.setAsideFileName());
     ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
     EXPECT_EQ(kept.readAll(), garbage);

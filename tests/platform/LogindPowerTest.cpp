@@ -15,9 +15,7 @@ const QString LogindPath = "/org/freedesktop/login1";
 
 // A private bus that stands in for the system bus, with a mock logind on it. The real
 // system bus is never reached: the address is replaced before anything connects to it.
-class LogindPowerTest : public ::testing::Test
-{
-protected:
+struct LogindPowerTest : ::testing::Test {
     static void SetUpTestSuite()
     {
         bus = std::make_unique<QProcess>();
@@ -28,20 +26,19 @@ protected:
         ASSERT_FALSE(address.isEmpty());
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8());
 
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("DBUS_SYSTEM_BUS_ADDRESS", address);
         mock = std::make_unique<QProcess>();
-        mock->setProcessEnvironment(env);
         mock->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        mock->start("/usr/bin/python3",
-                    {"-m", "dbusmock", "--system", "--template", "logind", "--logfile", logFile()});
+        mock->start("/usr/bin/python3", {"-m", "dbusmock", "--system", "--template", "logind",
+                                         "--logfile", folder.filePath("calls.log")});
         ASSERT_TRUE(mock->waitForStarted());
 
         // The mock takes its name once python has loaded; a generous bound, not a measure.
         ASSERT_TRUE(QTest::qWaitFor(
             [] {
                 return mock->state() != QProcess::Running ||
-                       connection().interface()->isServiceRegistered(Logind);
+                       QDBusConnection::connectToBus(address, "logind-test")
+                           .interface()
+                           ->isServiceRegistered(Logind);
             },
             60000))
             << "the mock logind did not start";
@@ -61,15 +58,7 @@ protected:
 
     void SetUp() override { ASSERT_EQ(qgetenv("DBUS_SYSTEM_BUS_ADDRESS"), address.toUtf8()); }
 
-    static QDBusConnection connection()
-    {
-        return QDBusConnection::connectToBus(address, "logind-test");
-    }
-
-    static QString logFile() { return folder.filePath("calls.log"); }
-
-    static inline std::unique_ptr<QProcess> bus;
-    static inline std::unique_ptr<QProcess> mock;
+    static inline std::unique_ptr<QProcess> bus, mock;
     static inline QString address;
     static inline QTemporaryDir folder;
 };
@@ -80,7 +69,7 @@ TEST_F(LogindPowerTest, ShutDownAndRestartAskLogind)
     const std::pair<unsigned, std::string> cases[] = {
         {0, ""}, {3, ""}, {1, "PowerOff False"}, {2, "Reboot False"}};
     // The mock logs each call as "time Method args" before it answers.
-    QFile log(logFile());
+    QFile log(folder.filePath("calls.log"));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     log.readAll();
     for (const auto& [flags, made] : cases) {
@@ -93,14 +82,6 @@ TEST_F(LogindPowerTest, ShutDownAndRestartAskLogind)
     }
 }
 
-QStringList warnings;
-
-void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& message)
-{
-    if (type == QtWarningMsg)
-        warnings << message;
-}
-
 TEST_F(LogindPowerTest, ARefusalIsLoggedAndNotRaised)
 {
     QDBusMessage refuse = QDBusMessage::createMethodCall(Logind, LogindPath,
@@ -108,9 +89,14 @@ TEST_F(LogindPowerTest, ARefusalIsLoggedAndNotRaised)
     refuse.setArguments({"org.freedesktop.login1.Manager", "PowerOff", "b", QString(),
                          QStringLiteral("raise dbus.exceptions.DBusException('Access denied', "
                                         "name='org.freedesktop.DBus.Error.AccessDenied')")});
-    ASSERT_EQ(connection().call(refuse).type(), QDBusMessage::ReplyMessage);
-    warnings.clear();
-    const QtMessageHandler previous = qInstallMessageHandler(collectWarnings);
+    ASSERT_EQ(QDBusConnection::connectToBus(address, "logind-test").call(refuse).type(),
+              QDBusMessage::ReplyMessage);
+    static QStringList warnings;
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+            if (type == QtWarningMsg)
+                warnings << text;
+        });
 
     EXPECT_NO_THROW(platform::LogindPower().ExitWindowsEx(1, 0));
 

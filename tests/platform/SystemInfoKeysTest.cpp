@@ -1,5 +1,6 @@
 #include "platform/linux/SystemInfoKeys.h"
 
+#include "core/RegFunctions.h"
 #include "fakes/FakePlatform.h"
 
 #include <QDir>
@@ -44,21 +45,11 @@ TEST(SystemInfoKeysTest, TheMachineKeyNamesTheTool)
     InstalledPrograms installed({"hardinfo"});
     fakes::FakeStore store;
     SystemInfoKeys keys(store);
-    platform::RegistryStore::Handle key = 0;
-    ASSERT_EQ(keys.RegOpenKeyA(platform::HKEY_LOCAL_MACHINE,
-                               "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", key),
-              0);
-    std::uint32_t type = 0, length = 0;
-    QByteArray data;
-    ASSERT_EQ(keys.RegQueryValueExA(key, "PATH", type, &data, length), 0);
-    EXPECT_EQ(type, platform::RegistryStore::String);
-    EXPECT_EQ(QString::fromUtf8(data), installed.path("hardinfo"));
-    keys.RegCloseKey(key);
-
+    const auto tool = [&] {
+        return RegFunctions::ReadKeyValue(keys, platform::HKEY_LOCAL_MACHINE,
+                                          "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH");
+    };
+    EXPECT_EQ(std::get<QString>(tool()), installed.path("hardinfo"));
     InstalledPrograms none({});
-    ASSERT_EQ(keys.RegOpenKeyA(platform::HKEY_LOCAL_MACHINE,
-                               "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", key),
-              0);
-    EXPECT_NE(keys.RegQueryValueExA(key, "PATH", type, &data, length), 0)
-        << "no tool installed, no value";
+    EXPECT_TRUE(std::holds_alternative<RegFunctions::Empty>(tool())) << "no tool installed";
 }

@@ -16,9 +16,7 @@ namespace agent::listen
 namespace
 {
 
-class RecognizerTest : public ::testing::Test
-{
-protected:
+struct RecognizerTest : ::testing::Test {
     void SetUp() override { ASSERT_TRUE(recognizer.installed()); }
 
     PocketSphinxRecognizer recognizer;
@@ -94,8 +92,7 @@ TEST(RecognizerModel, DamagedModelIsReportedAfterTheStart)
                   .arg(dir.path()));
     EXPECT_FALSE(recognizer.installed());
 
-    PocketSphinxRecognizer missing(dir.filePath(QStringLiteral("none")), nullptr);
-    EXPECT_FALSE(missing.installed());
+    EXPECT_FALSE(PocketSphinxRecognizer(dir.filePath(QStringLiteral("none")), nullptr).installed());
 }
 
 TEST_F(RecognizerTest, WithoutMicrophoneTheTipSaysSo)

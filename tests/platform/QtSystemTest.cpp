@@ -1,18 +1,19 @@
-#include "platform/linux/QtShell.h"
+#include "platform/linux/QtSystem.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/linux/QtShell.h"
+#include "platform/linux/SignalEndRequests.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
 #include <gtest/gtest.h>
 
-using platform::QtShell;
+using namespace platform;
 using namespace Qt::StringLiterals;
 
-class QtShellTest : public ::testing::Test
-{
-protected:
+struct QtShellTest : ::testing::Test {
     // A script that writes its arguments, each followed by "|", to the file "ran" beside it.
     QString makeScript(const QString& name,
                        QFileDevice::Permissions permissions = QFileDevice::ReadOwner |
@@ -76,4 +77,36 @@ TEST_F(QtShellTest, AProgramThatCannotStartRaisesAnErrorThatSaysWhy)
             EXPECT_FALSE(error.Description.endsWith(QLatin1Char('.'))) << text.toStdString();
         }
     }
+}
+
+// A second start while the first runs, and the start after it ended, are in the end-to-end
+// scripts second_instance.sh and first_run.sh.
+TEST(LockFileInstanceTest, TheLockGoesWithTheProgramAndAStaleOneIsIgnored)
+{
+    QTemporaryDir dir;
+    const QString lock = dir.path() + "/quorl.lock";
+    auto first = std::make_unique<LockFileInstance>(lock);
+    EXPECT_FALSE(first->PreviousInstanceRunning());
+    EXPECT_FALSE(first->PreviousInstanceRunning()) << "asking again must not see itself";
+    first->Release();
+    EXPECT_FALSE(QFile::exists(lock)) << "the end leaves no lock file behind";
+
+    // A lock left by a dead program, in the format QLockFile writes: pid, name, host name.
+    QFile file(lock);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("999999\nquorl\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    file.close();
+    EXPECT_FALSE(LockFileInstance(lock).PreviousInstanceRunning());
+}
+
+// SIGTERM is sent to the running program by the end-to-end closing script.
+TEST(SignalEndRequestsTest, AHangUpReachesTheEventLoop)
+{
+    SignalEndRequests requests;
+    int terminations = 0, sessionEnds = 0;
+    requests.Watch([&] { ++terminations; }, [&] { ++sessionEnds; });
+    ASSERT_EQ(std::raise(SIGHUP), 0);
+    EXPECT_EQ(terminations, 0) << "the handler runs from the event loop, not the signal";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return terminations == 1; }, 5000));
+    EXPECT_EQ(sessionEnds, 0);
 }
