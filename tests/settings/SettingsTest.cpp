@@ -1,9 +1,12 @@
-#include "settings/frmOptions.h"
-
 #include "apps/AppsFile.h"
 #include "character/LoadCharacter.h"
+#include "core/Conversions.h"
+#include "core/RegFunctions.h"
 #include "fakes/Accessibility.h"
 #include "fakes/CharacterFixture.h"
+#include "settings/LoadSettings.h"
+#include "settings/frmOptions.h"
+#include "startup/Main.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -12,18 +15,25 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QSlider>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
-using platform::BoxIcon;
+using Boxes = std::vector<fakes::Box>;
 
 namespace
 {
 
 const QString Pip = QStringLiteral("/chars/pip.acs");
+
+// The dialog's error boxes are all critical with an OK button.
+fakes::Box Error(const QString& title, const QString& text)
+{
+    return {platform::BoxIcon::Critical, platform::BoxButtons::OK, title, text};
+}
 
 // The main window after start-up with the character Pip loaded from the store, its command
 // list built and one application on it.
@@ -45,22 +55,17 @@ protected:
     fakes::FakeCharacter& character() { return *fp.agent->character(); }
     QString stored(const char* name) const { return fp.store.value(name).value_or("<missing>"); }
     QString voiceOf(const char* command) { return character().Commands().Command(command).Voice(); }
-    // Each box as "title: text".
-    QStringList boxes() const
-    {
-        QStringList shown;
-        for (const fakes::Box& box : fp.dialogs.boxes)
-            shown << box.title + ": " + box.text;
-        return shown;
-    }
 
-    // Opens the dialog on a tab; act runs while it is up, as the user would.
+    // Opens the dialog on a tab; act runs while it is up, as the user would, and Cancel closes
+    // what act leaves open.
     void open(int tab, const std::function<void(frmOptions&)>& act)
     {
         fp.onModal = [&](QDialog& dialog) {
             auto& form = static_cast<frmOptions&>(dialog);
             form.show();
             act(form);
+            if (form.isVisible())
+                form.cmdCancel->click();
         };
         ShowOptions(app, tab);
     }
@@ -74,13 +79,12 @@ TEST_F(frmOptionsTest, LoadingShowsTheStoreAndStoresTheMissingDefaultsInOrder)
     bare.app.AnimateRead = "1";
     bare.fp.onModal = [&](QDialog& dialog) {
         auto& form = static_cast<frmOptions&>(dialog);
-        EXPECT_EQ(form.txtTime->text(), "What is the time?");
-        EXPECT_EQ(form.txtRemind->text(), "You have a reminder");
-        EXPECT_EQ(form.txtGreet->text(), " ");
-        EXPECT_TRUE(form.chkAnimate->isChecked());
-        EXPECT_FALSE(form.chkClick->isChecked());
-        EXPECT_TRUE(form.chkClick1->isChecked());
-        EXPECT_TRUE(form.optGreet[0]->isChecked());
+        EXPECT_EQ(
+            QStringList({form.txtTime->text(), form.txtRemind->text(), form.txtGreet->text()}),
+            QStringList({"What is the time?", "You have a reminder", " "}));
+        EXPECT_EQ(std::tuple(form.chkAnimate->isChecked(), form.chkClick->isChecked(),
+                             form.chkClick1->isChecked(), form.optGreet[0]->isChecked()),
+                  std::tuple(true, false, true, true));
         EXPECT_EQ(bare.app.ModalOpen, 1);
         form.cmdCancel->click();
     };
@@ -106,7 +110,6 @@ TEST_F(frmOptionsTest, AGreetingOutOfRangeIsReportedAndLoadingGoesOn)
             EXPECT_FALSE(option->isChecked());
         EXPECT_EQ(form.GreetOption, 7);
         EXPECT_FALSE(form.chkReadNote->isChecked());
-        form.cmdCancel->click();
     });
     EXPECT_EQ(fp.dialogs.titles(), QStringList{"Unknown Error"});
     EXPECT_TRUE(fp.dialogs.boxes[0].text.contains("( Unknown ( 7 ) 340"));
@@ -117,12 +120,13 @@ TEST_F(frmOptionsTest, AGreetingOutOfRangeIsReportedAndLoadingGoesOn)
 TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
 {
     using F = frmOptions;
-    const QString voice = "Voice Command Required: Voice commands cannot be empty";
-    const QString character = "Character not specified: Please specify a character file (ACS file)";
+    const fakes::Box voice = Error("Voice Command Required", "Voice commands cannot be empty");
+    const fakes::Box character =
+        Error("Character not specified", "Please specify a character file (ACS file)");
     const struct {
         std::vector<QLineEdit * F::*> emptied;
         QLineEdit* F::*focused;
-        QString box;
+        fakes::Box box;
         int tab;
     } cases[] = {
         {{&F::txtChar, &F::txtTime}, &F::txtChar, character, 2},
@@ -131,7 +135,7 @@ TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
         {{&F::txtClip, &F::txtNotes, &F::txtRestart}, &F::txtNotes, voice, 3},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.box.toStdString() + std::to_string(c.emptied.size()));
+        SCOPED_TRACE(c.box.title.toStdString() + std::to_string(c.emptied.size()));
         fp.dialogs.boxes.clear();
         open(2, [&](frmOptions& form) {
             fp.store.writes.clear();
@@ -139,14 +143,12 @@ TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
             for (auto box : c.emptied)
                 (form.*box)->clear();
             form.cmdOK->click();
-            EXPECT_EQ(boxes(), QStringList{c.box});
-            EXPECT_TRUE(!fp.dialogs.boxes.empty() && fp.dialogs.boxes[0].icon == BoxIcon::Critical);
+            EXPECT_EQ(fp.dialogs.boxes, Boxes{c.box});
             EXPECT_EQ(form.SSTab1->currentIndex(), c.tab);
             EXPECT_EQ(form.focusWidget(), form.*c.focused);
             EXPECT_TRUE(form.isVisible());
             EXPECT_TRUE(fp.store.writes.isEmpty());
             EXPECT_TRUE(fp.agent->calls.isEmpty()) << fp.agent->calls.join(' ').toStdString();
-            form.cmdCancel->click();
         });
     }
 }
@@ -168,7 +170,7 @@ TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
         form.txtRemind->setText("   ");
         form.chkNoteDate->click();
     };
-    open(0, [](frmOptions& form) { form.cmdCancel->click(); });
+    open(0, [](frmOptions&) {});
     app.MainForm->RemindTimer->stop();
     fp.agent->calls.clear();
     fp.store.writes.clear();
@@ -207,15 +209,13 @@ TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
     EXPECT_EQ(app.ModalOpen, 0);
 
     open(0, [&](frmOptions& form) {
-        EXPECT_TRUE(form.chkClick->isChecked());
-        EXPECT_TRUE(form.optGreet[3]->isChecked());
-        EXPECT_TRUE(form.chkGreetTime->isChecked());
-        EXPECT_EQ(form.txtGreet->text(), " ");
-        EXPECT_FALSE(form.chkNotes->isChecked());
-        EXPECT_EQ(form.txtTime->text(), "Tell me the time");
-        EXPECT_EQ(form.txtRemind->text(), " ");
-        EXPECT_FALSE(form.chkNoteDate->isChecked());
-        form.cmdCancel->click();
+        EXPECT_EQ(std::tuple(form.chkClick->isChecked(), form.optGreet[3]->isChecked(),
+                             form.chkGreetTime->isChecked(), form.chkNotes->isChecked(),
+                             form.chkNoteDate->isChecked()),
+                  std::tuple(true, true, true, false, false));
+        EXPECT_EQ(
+            QStringList({form.txtGreet->text(), form.txtTime->text(), form.txtRemind->text()}),
+            QStringList({" ", "Tell me the time", " "}));
     });
 }
 
@@ -226,21 +226,17 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
     const QString broken = "/chars/broken.acs";
     const QStringList reads = {"Show(0)", "Play(Read)", "Play(ReadReturn)"};
     const QStringList reload = {"Unload(G)", "Load(G,/chars/Pip.acs)"};
+    const Boxes noRead{Error("Character Error", "Testy does not support the read animation.")};
     const struct {
         QString path;
         bool hasRead, visibleBefore;
         QStringList calls;
         QString animate;
-        QStringList boxes = {};
+        Boxes boxes = {};
     } cases[] = {
         {Pip, true, false, reads + QStringList{"Hide()"}, "1"},
         {Pip, true, true, reads + QStringList{"Show(0)"}, "1"},
-        {Pip,
-         false,
-         false,
-         {"Show(0)", "Hide()"},
-         "0",
-         {"Character Error: Testy does not support the read animation."}},
+        {Pip, false, false, {"Show(0)", "Hide()"}, "0", noRead},
         {"/chars/Pip.acs", true, false, reload + reads + QStringList{"Hide()"}, "1"},
         {broken, true, false, {"Unload(G)", "Load(G," + broken + ")"}, "0"},
     };
@@ -271,7 +267,7 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
                 fp.dialogs.texts("Unknown Error").join(' ').contains("( Unknown ( 16 ) 91,"));
             continue;
         }
-        EXPECT_EQ(boxes(), c.boxes);
+        EXPECT_EQ(fp.dialogs.boxes, c.boxes);
         EXPECT_EQ(stored("Character"), c.path);
         EXPECT_TRUE(fp.agent->calls.contains("Commands.RemoveAll()"));
         // The applications are back at the end of the rebuilt list.
@@ -297,7 +293,6 @@ TEST_F(frmOptionsTest, TheGreetingHintTicksBothBoxes)
             EXPECT_EQ(fp.dialogs.titles(), c.hint ? QStringList{"Hint"} : QStringList{});
             EXPECT_EQ(form.chkGreetTime->isChecked(), !c.greet);
             EXPECT_EQ(form.chkShow->isChecked(), c.show || c.hint);
-            form.cmdCancel->click();
         });
     }
 }
@@ -312,7 +307,6 @@ TEST_F(frmOptionsTest, BrowseAndTheSpeechSettingsButton)
         EXPECT_EQ(form.txtChar->text(), QString());
         form.SSTab1->setCurrentIndex(2);
         form.cmdHot->click();
-        form.cmdCancel->click();
     });
     ASSERT_EQ(fp.dialogs.fileRequests.size(), 2u);
     EXPECT_EQ(fp.dialogs.fileRequests[0].filter, "Agent Character (*.acs) |*.acs");
@@ -323,29 +317,174 @@ TEST_F(frmOptionsTest, BrowseAndTheSpeechSettingsButton)
 }
 
 // Only the frames of the tab in front are enabled.
-TEST_F(frmOptionsTest, CallersOpenItOnTheirTab)
+TEST_F(frmOptionsTest, CallersOpenItOnTheirTabAndEveryControlIsReachableAndNamed)
 {
-    QStringList seen; // the tab in front and how many frames are enabled
+    QList<int> tabs;
     fp.onModal = [&](QDialog& dialog) {
         auto& form = static_cast<frmOptions&>(dialog);
-        const QList<QGroupBox*> frames = form.findChildren<QGroupBox*>();
-        seen << QString::number(form.SSTab1->currentIndex()) + ":" +
-                    QString::number(std::count_if(frames.begin(), frames.end(),
-                                                  [](QGroupBox* f) { return f->isEnabled(); }));
+        tabs << form.SSTab1->currentIndex();
+        for (QGroupBox* frame : form.findChildren<QGroupBox*>())
+            EXPECT_EQ(frame->isEnabled(), form.SSTab1->currentWidget()->isAncestorOf(frame))
+                << frame->title().toStdString();
+        for (int page = 0; page < form.SSTab1->count(); ++page)
+            ExpectFocusableControlsNamed(*form.SSTab1->widget(page));
         form.cmdCancel->click();
     };
     app.MainForm->cmdOptions->click();
     app.Hooks.ShowOptions(1);
-    EXPECT_EQ(seen, (QStringList{"0:1", "1:2"}));
+    EXPECT_EQ(tabs, QList<int>({0, 1}));
 }
 
-TEST_F(frmOptionsTest, EveryControlIsReachableAndNamed)
+// The screen of the fakes: 1024 x 768 pixels at 15 twips per pixel.
+constexpr int ScreenWidth = 15360, ScreenHeight = 11520;
+
+// One run of the program up to LoadSettings, with the character file already chosen.
+struct SettingsRun : fakes::ProgramWindow {
+    // Sets the stored values, then runs LoadSettings as Main does after creating the window.
+    SettingsRun(const std::map<QString, QString>& values = {}, bool tray = true)
+    {
+        fp.tray.available = tray;
+        fp.store.setValue("Character", "/chars/pip.acs");
+        for (const auto& [name, value] : values)
+            fp.store.setValue(name, value);
+        app.AppPath = "/data/quorl";
+        LoadSettings(app);
+    }
+    QString stored(const QString& name) const { return fp.store.value(name).value_or("<missing>"); }
+    QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
+};
+
+TEST(LoadSettingsTest, FirstRunAsksForACharacter)
 {
-    open(0, [](frmOptions& form) {
-        for (int page = 0; page < form.SSTab1->count(); ++page)
-            ExpectFocusableControlsNamed(*form.SSTab1->widget(page));
-        form.cmdCancel->click();
-    });
+    fakes::FakePlatform fp;
+    App app(fp.platform);
+    fp.dialogs.files = {"/chars/pip.acs"};
+    Main(app);
+    EXPECT_EQ(fp.dialogs.boxes,
+              (std::vector<fakes::Box>{{platform::BoxIcon::Information, platform::BoxButtons::OK,
+                                        "Please select a character..",
+                                        "This is your first time to run Quorl. Please select a "
+                                        "character to be used."}}));
+    EXPECT_EQ(fp.dialogs.fileRequests.size(), 1u);
+}
+
+TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
+{
+    const struct {
+        const char* name;
+        std::optional<QString> winY;
+        bool centred;
+    } cases[] = {
+        {"missing", std::nullopt, true},
+        {"negative", "-15", true},
+        {"beyond the screen", "11505", true},
+        {"on the screen", "300", false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const SettingsRun t(c.winY ? std::map<QString, QString>{{"WinY", *c.winY}}
+                                   : std::map<QString, QString>{});
+        const int top = t.app.MainForm->TopTwips();
+        if (c.centred) {
+            EXPECT_NEAR(top, (ScreenHeight - t.app.MainForm->HeightTwips()) / 2, 15);
+            EXPECT_EQ(t.stored("WinY"), QString::number(top));
+        } else {
+            EXPECT_NEAR(top, int(Conversions::Val(*c.winY)), 15);
+            EXPECT_EQ(t.stored("WinY"), *c.winY) << "rewritten";
+        }
+    }
+    const SettingsRun t({{"WinX", "20000"}, {"WinY", "600"}});
+    EXPECT_EQ(t.stored("WinX"), QString::number(t.app.MainForm->LeftTwips()));
+    EXPECT_GT(t.app.MainForm->LeftTwips(), 0);
+    EXPECT_LT(t.app.MainForm->LeftTwips(), ScreenWidth / 2);
+}
+
+TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
+{
+    const SettingsRun t;
+    const std::pair<QString, QString> defaults[] = {
+        {"SaveSettings", "True"}, {"ViewVoiceSettings", "True"},
+        {"Whisper", "0"},         {"Balloon", "0"},
+        {"Ignore", "1"},          {"IgnoreText", ">"},
+        {"IgnoreText1", "*"},     {"Animate", "0"},
+        {"Top", "False"},         {"StartMinimized", "1"}};
+    for (const auto& [name, value] : defaults)
+        EXPECT_EQ(t.stored(name), value) << name.toStdString();
+    EXPECT_TRUE(t.app.MainForm->mnuFileSave->isChecked());
+    EXPECT_TRUE(t.app.MainForm->chkIgnore->isChecked());
+    EXPECT_TRUE(t.app.MainForm->txtIgnore->isEnabled());
+    EXPECT_EQ(t.app.ModalOpen, 0);
+
+    const std::map<QString, QString> values = {
+        {"SaveSettings", "true"}, {"Whisper", "1"},    {"Balloon", "2"},
+        {"Ignore", "0"},          {"IgnoreText", "#"}, {"Animate", "1"},
+        {"Pitch", "200"},         {"Speed", "90"},     {"Volume", "3000"}};
+    const SettingsRun u(values);
+    EXPECT_TRUE(u.fp.dialogs.boxes.empty());
+    const frmMain& f = *u.app.MainForm;
+    // Only "True" exactly is true.
+    EXPECT_EQ(std::tuple(f.mnuFileSave->isChecked(), f.chkWhisper->isChecked(),
+                         f.chkBalloon->isChecked(), f.chkIgnore->isChecked(),
+                         f.txtIgnore->isEnabled(), f.txtIgnore1->isEnabled()),
+              std::tuple(false, true, false, false, false, false));
+    EXPECT_EQ(f.txtIgnore->text() + f.txtIgnore1->text(), "#*");
+    EXPECT_EQ(u.app.AnimateRead, "1");
+    // The stored voice wins over the character's.
+    EXPECT_EQ(u.tags(), R"(\pit=200\\spd=90\\vol=3000\)");
+
+    for (const QString view : {"True", "False", "0"}) {
+        const SettingsRun v(std::map<QString, QString>{{"ViewVoiceSettings", view}});
+        EXPECT_EQ(v.app.MainForm->mnuViewVoice->isChecked(), view == "True");
+    }
+
+    // A missing voice value resets the sliders read before it.
+    const SettingsRun some({{"Pitch", "200"}, {"Volume", "3000"}});
+    EXPECT_EQ(some.app.MainForm->sdrPitch->value(), 120);
+    EXPECT_EQ(some.app.MainForm->sdrSpeed->value(), 160);
+    EXPECT_EQ(some.app.MainForm->sdrVolume->value(), 3000);
+    EXPECT_EQ(some.stored("Pitch"), "200");
+    EXPECT_EQ(some.stored("Speed"), "160");
+    EXPECT_EQ(some.tags(), R"(\pit=120\\spd=160\\vol=3000\)");
+}
+
+// Without a tray a hidden start is a minimized one, so that the window stays reachable from the
+// task bar.
+TEST(LoadSettingsTest, TopmostAndStartVisibility)
+{
+    const struct {
+        QString top, startMinimized;
+        bool tray, onTop, visible;
+    } cases[] = {{"True", "1", true, true, true},
+                 {"False", "0", true, false, false},
+                 {"0", "0", false, false, true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(
+            (c.top + "/" + c.startMinimized + (c.tray ? "" : " without a tray")).toStdString());
+        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}}, c.tray);
+        EXPECT_EQ(t.app.OnTop, c.onTop);
+        EXPECT_EQ(t.app.MainForm->mnuViewTop->isChecked(), c.onTop);
+        EXPECT_EQ(t.app.MainForm->isVisible(), c.visible);
+        EXPECT_EQ(t.app.MainForm->isMinimized(), !c.tray);
+    }
+}
+
+using namespace RegFunctions;
+
+TEST(RegFunctionsTest, AnEmptyValueIsReplacedAndDataEndsAtANulOrIsSixteenBits)
+{
+    fakes::FakeStore store;
+    const Settings settings{store};
+    store.setValue("Greeting", QString());
+    EXPECT_EQ(settings.Get("Greeting", "0"), "0");
+    EXPECT_EQ(store.value("Greeting"), "0");
+
+    store.setRaw("B", platform::RegistryStore::String, QByteArray("\0cd", 3));
+    EXPECT_EQ(settings.ReadText("B"), QString());
+    store.setRaw("Odd", platform::RegistryStore::Binary, QByteArray("\xfe\xff\x07", 3));
+    const KeyValue value = settings.Read("Odd");
+    ASSERT_TRUE(std::holds_alternative<std::int16_t>(value));
+    EXPECT_EQ(std::get<std::int16_t>(value), -2);
+    EXPECT_EQ(ToString(value), "-2");
 }
 
 } // namespace
