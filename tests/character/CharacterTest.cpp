@@ -244,11 +244,7 @@ const fakes::Box CharacterError{platform::BoxIcon::Critical, platform::BoxButton
                                 "make sure the file you selected is an ACS file."};
 
 struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
-    LoadCharacterTest()
-    {
-        app.AppPath = "/data/quorl";
-        fp.agent->badFiles = {Bad, Worse};
-    }
+    LoadCharacterTest() { fp.agent->badFiles = {Bad, Worse}; }
 
     // The program must not end on the way.
     void load(bool firstLoad, QString file, bool keepLoaded = false)

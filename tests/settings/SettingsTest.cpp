@@ -24,9 +24,6 @@
 
 using Boxes = std::vector<fakes::Box>;
 
-namespace
-{
-
 const QString Pip = QStringLiteral("/chars/pip.acs");
 
 // The dialog's error boxes are all critical with an OK button.
@@ -37,9 +34,7 @@ fakes::Box Error(const QString& title, const QString& text)
 
 // The main window after start-up with the character Pip loaded from the store, its command
 // list built and one application on it.
-class frmOptionsTest : public ::testing::Test, protected fakes::ProgramWindow
-{
-protected:
+struct frmOptionsTest : ::testing::Test, fakes::ProgramWindow {
     frmOptionsTest()
     {
         app.AppPath = dir.path();
@@ -347,7 +342,6 @@ struct SettingsRun : fakes::ProgramWindow {
         fp.store.setValue("Character", "/chars/pip.acs");
         for (const auto& [name, value] : values)
             fp.store.setValue(name, value);
-        app.AppPath = "/data/quorl";
         LoadSettings(app);
     }
     QString stored(const QString& name) const { return fp.store.value(name).value_or("<missing>"); }
@@ -486,5 +480,3 @@ TEST(RegFunctionsTest, AnEmptyValueIsReplacedAndDataEndsAtANulOrIsSixteenBits)
     EXPECT_EQ(std::get<std::int16_t>(value), -2);
     EXPECT_EQ(ToString(value), "-2");
 }
-
-} // namespace
