@@ -39,10 +39,8 @@ TEST_F(CharacterTest, LineIsTagsAndTextAsTheyStandAndAKeptTextBoxStays)
 {
     const QString voice = R"(\pit=110\\spd=150\\vol=900\)";
     const QString normal = R"(\chr="normal"\)" + voice, whisper = R"(\chr="whisper"\)" + voice;
-    const struct {
-        bool whisper, visible;
-        QString text, calls;
-    } cases[] = {
+    // Whisper, the character visible, the text and the calls it makes.
+    const std::tuple<bool, bool, QString, QString> cases[] = {
         {false, true, "Hello.", "Speak(" + normal + "Hello.)"},
         {true, true, "Hello.", "Speak(" + whisper + "Hello.)"},
         {false, true, R"(a \b\ "c")", "Speak(" + normal + R"(a \b\ "c"))"},
@@ -50,13 +48,13 @@ TEST_F(CharacterTest, LineIsTagsAndTextAsTheyStandAndAKeptTextBoxStays)
         {false, false, "Hi", "Show(0) Speak(" + normal + "Hi)"},
     };
     form().txtText->setPlainText("old");
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.calls.toStdString());
+    for (const auto& [whisper, visible, text, calls] : cases) {
+        SCOPED_TRACE(calls.toStdString());
         fp.agent->calls.clear();
-        character().visible = c.visible;
-        form().chkWhisper->setChecked(c.whisper);
-        SayText(app, c.text, true);
-        EXPECT_EQ(fp.agent->calls.join(' '), c.calls);
+        character().visible = visible;
+        form().chkWhisper->setChecked(whisper);
+        SayText(app, text, true);
+        EXPECT_EQ(fp.agent->calls.join(' '), calls);
         EXPECT_EQ(app.LastRequest, fp.agent->lastRequest());
         EXPECT_EQ(form().txtText->toPlainText(), "old") << "a kept text box took the text";
     }
@@ -281,47 +279,43 @@ TEST_F(LoadCharacterTest, PositionStaysInsideTheScreen)
 {
     // 1024 x 768 pixels: the bounds are 896 and 640. Stored values are kept as they were, and an
     // empty one is stored as 0.
-    const struct {
-        QString x, y, move;
-    } cases[] = {
+    const std::tuple<QString, QString, QString> cases[] = {
         {"896", "640", "MoveTo(896,640)"}, {"897", "300", "MoveTo(0,300)"},
         {"10", "641", "MoveTo(10,0)"},     {"12.5", "13.5", "MoveTo(12,14)"},
         {"", "-20", "MoveTo(0,-20)"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.move.toStdString());
+    for (const auto& [x, y, move] : cases) {
+        SCOPED_TRACE(move.toStdString());
         fakes::ProgramWindow w;
-        w.fp.store.setValue("X", c.x);
-        w.fp.store.setValue("Y", c.y);
+        w.fp.store.setValue("X", x);
+        w.fp.store.setValue("Y", y);
         QString file = Good;
         LoadCharacter(w.app, true, file, false);
-        EXPECT_EQ(w.fp.agent->callsStartingWith("MoveTo"), QStringList{c.move});
-        EXPECT_EQ(w.fp.store.value("X"), c.x.isEmpty() ? "0" : c.x);
-        EXPECT_EQ(w.fp.store.value("Y"), c.y);
+        EXPECT_EQ(w.fp.agent->callsStartingWith("MoveTo"), QStringList{move});
+        EXPECT_EQ(w.fp.store.value("X"), x.isEmpty() ? "0" : x);
+        EXPECT_EQ(w.fp.store.value("Y"), y);
     }
 }
 
 TEST_F(LoadCharacterTest, CharacterOptions)
 {
     const QString loading = "Load(G," + Good + ")";
-    const struct {
-        const char *sound, *idle, *show;
-        QStringList tail;
-    } cases[] = {
+    // The stored SoundEffects, IdleAnimations and Show, and the last calls they make.
+    const std::tuple<QString, QString, QString, QStringList> cases[] = {
         {"0", "1", "1", {"SoundEffectsOn=0", "IdleOn=1", "Show(0)"}},
         {"1", "0", "0", {loading, "SoundEffectsOn=1", "IdleOn=0"}},
         {"2", "x", "2", {loading, "SoundEffectsOn=0", "IdleOn=0"}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.show);
+    for (const auto& [sound, idle, show, tail] : cases) {
+        SCOPED_TRACE(show.toStdString());
         fp.agent->calls.clear();
-        fp.store.setValue("SoundEffects", c.sound);
-        fp.store.setValue("IdleAnimations", c.idle);
-        fp.store.setValue("Show", c.show);
+        fp.store.setValue("SoundEffects", sound);
+        fp.store.setValue("IdleAnimations", idle);
+        fp.store.setValue("Show", show);
         load(true, Good);
         const QStringList options =
             fp.agent->calls.filter(QRegularExpression("^(Load|SoundEffectsOn|IdleOn|Show)"));
-        EXPECT_EQ(options.mid(options.size() - 3), c.tail);
+        EXPECT_EQ(options.mid(options.size() - 3), tail);
         // The show is only queued: the clock menus wait for the character to appear.
         EXPECT_FALSE(app.MainForm->mnuQuorlTime->isEnabled() ||
                      app.MainForm->mnuQuorlDate->isEnabled());

@@ -24,11 +24,8 @@ struct ClockTest : CharacterFixture, ::testing::Test {
 
 TEST_F(ClockTest, SayTimeForEveryShapeOfTheClock)
 {
-    const struct {
-        int hour, minute;
-        bool hideBalloon;
-        QString text;
-    } cases[] = {
+    // The hour, the minute, the balloon hidden, and what is said.
+    const std::tuple<int, int, bool, QString> cases[] = {
         // One row per shape, on the edges of the hour and of the shapes.
         {12, 10, false, "The time now is 12:10."},
         {13, 10, false, "The time now is 1:10."},
@@ -41,13 +38,13 @@ TEST_F(ClockTest, SayTimeForEveryShapeOfTheClock)
         {14, 0, true, R"(\map="The time now is 2 O'clock"=""\)"},
         {14, 9, true, R"(\map="The time now is 2:"=""\\map="o9"=""\)"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text.toStdString());
-        form().chkBalloon->setChecked(c.hideBalloon);
-        EXPECT_EQ(spokenAt(SayTime, {QDate(2026, 3, 4), QTime(c.hour, c.minute, 59)}),
-                  QStringList{c.text});
+    for (const auto& [hour, minute, hideBalloon, text] : cases) {
+        SCOPED_TRACE(text.toStdString());
+        form().chkBalloon->setChecked(hideBalloon);
+        EXPECT_EQ(spokenAt(SayTime, {QDate(2026, 3, 4), QTime(hour, minute, 59)}),
+                  QStringList{text});
         EXPECT_EQ(fp.agent->calls.size(), 1);
-        EXPECT_EQ(form().chkBalloon->isChecked(), c.hideBalloon);
+        EXPECT_EQ(form().chkBalloon->isChecked(), hideBalloon);
     }
 }
 
@@ -74,11 +71,7 @@ TEST_F(ClockTest, GreetingSaysTheWordOfTheHourAndWhatItIsSetTo)
 {
     const QString text = "Have a nice day", date = "Today is Wednesday. 4th of March, 2026.";
     // Greeting 0 is heard in first_run.sh and LoadSettingsTest, 1 in options_greeting.sh.
-    const struct {
-        QString greeting;
-        QTime time;
-        QStringList spoken;
-    } cases[] = {
+    const std::tuple<QString, QTime, QStringList> cases[] = {
         {"3", {11, 59}, {"Good Morning.", text}},
         {"3", {12, 0}, {"Good Afternoon.", text}},
         {"3", {17, 59}, {"Good Afternoon.", text}},
@@ -87,10 +80,10 @@ TEST_F(ClockTest, GreetingSaysTheWordOfTheHourAndWhatItIsSetTo)
         {"7", {14, 30}, {"Good Afternoon.", text}},
     };
     fp.store.setValue("GreetingText", text);
-    for (const auto& c : cases) {
-        fp.store.setValue("Greeting", c.greeting);
-        EXPECT_EQ(spokenAt(Greet, {QDate(2026, 3, 4), c.time}), c.spoken)
-            << c.greeting.toStdString() << " " << c.time.toString().toStdString();
+    for (const auto& [greeting, time, spoken] : cases) {
+        fp.store.setValue("Greeting", greeting);
+        EXPECT_EQ(spokenAt(Greet, {QDate(2026, 3, 4), time}), spoken)
+            << greeting.toStdString() << " " << time.toString().toStdString();
     }
     for (const QString off : {"2", "x"}) {
         fp.store.setValue("TimeGreeting", off);

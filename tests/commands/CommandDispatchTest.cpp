@@ -58,26 +58,24 @@ TEST_F(CommandDispatchTest, APopupPickAndAPhraseTakeTheOneRoutine)
 TEST_F(CommandDispatchTest, AWeightyCommandAsksInItsWindowAndNoGivesEverythingBack)
 {
     character().name = "Lumo";
-    const struct {
-        QString name, label, question;
-        bool mainVisible, topMost, byKey;
-    } cases[] = {
+    // The command, its label and question; the main window shown, on top; No by key.
+    const std::tuple<QString, QString, QString, bool, bool, bool> cases[] = {
         {"Shut", "Shut Down", "shut down?", true, false, false},
         {"Restart", "Restart", "restart?", false, false, true},
         {"CloseQuorl", "Close Quorl", "close Quorl?", false, true, true},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name.toStdString());
-        app.MainForm->setVisible(c.mainVisible);
-        app.MainForm->mnuViewTop->setChecked(c.topMost);
-        app.OnTop = c.topMost;
-        command(c.name);
+    for (const auto& [name, label, question, mainVisible, topMost, byKey] : cases) {
+        SCOPED_TRACE(name.toStdString());
+        app.MainForm->setVisible(mainVisible);
+        app.MainForm->mnuViewTop->setChecked(topMost);
+        app.OnTop = topMost;
+        command(name);
         // Loading takes over the main window.
         EXPECT_EQ(state(), std::tuple(true, true, 1, false, false, false));
         ASSERT_TRUE(app.ShutForm);
         frmShut& form = *ShutForm(app);
         EXPECT_TRUE(form.isVisible());
-        EXPECT_TRUE(lastSpoken().contains("Are you sure you want to " + c.question));
+        EXPECT_TRUE(lastSpoken().contains("Are you sure you want to " + question));
         // The question is queued first, then No and Yes can be said; never picked.
         EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 2),
                   QStringList({"Command(No).Enabled=1", "Command(Yes).Enabled=1"}));
@@ -85,21 +83,20 @@ TEST_F(CommandDispatchTest, AWeightyCommandAsksInItsWindowAndNoGivesEverythingBa
         EXPECT_EQ(
             QStringList({form.Label1->text(), form.windowTitle(), form.Label2->text(),
                          form.cmdNo->text(), form.cmdYes->text()}),
-            QStringList({c.label, "Shut Down Windows",
+            QStringList({label, "Shut Down Windows",
                          "You can say 'Yes' or 'No' and Lumo will understand.", "&NO", "&YES"}));
         EXPECT_FALSE(form.windowFlags().testFlag(Qt::WindowCloseButtonHint));
-        EXPECT_EQ(form.WasVisible, c.mainVisible);
+        EXPECT_EQ(form.WasVisible, mainVisible);
         fp.agent->calls.clear();
 
-        if (c.byKey)
+        if (byKey)
             QTest::keyClick(&form, Qt::Key_Escape);
         else
             command("No");
         EXPECT_TRUE(lastSpoken().contains("That was close!"));
         EXPECT_EQ(app.MainForm->txtText->toPlainText(), QString());
         // Putting the window back on top also shows it, hidden or not.
-        EXPECT_EQ(state(),
-                  std::tuple(false, false, 0, c.topMost, c.mainVisible || c.topMost, true));
+        EXPECT_EQ(state(), std::tuple(false, false, 0, topMost, mainVisible || topMost, true));
         EXPECT_TRUE(fp.power.calls.empty());
         EXPECT_EQ(fp.process.ends, 0);
     }
@@ -124,41 +121,38 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
 
 TEST_F(CommandDispatchTest, YesAsksThePlatformFirstAndThenEndsTheProgram)
 {
-    const struct {
-        QString name;
-        bool byButton, save;
-        PowerCalls power;
-    } cases[] = {
+    // The command, Yes by button, Save Settings on Exit, and what the platform is asked.
+    const std::tuple<QString, bool, bool, PowerCalls> cases[] = {
         {"Shut", false, true, {{1, 0}}},  {"Shut", false, false, {{1, 0}}},
         {"CloseQuorl", false, false, {}}, {"Shut", true, false, {{1, 0}}},
         {"CloseQuorl", true, false, {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.name.toStdString() << (c.byButton ? " by button" : "")
-                                        << (c.save ? " saving" : ""));
+    for (const auto& [name, byButton, save, power] : cases) {
+        SCOPED_TRACE(testing::Message() << name.toStdString() << (byButton ? " by button" : "")
+                                        << (save ? " saving" : ""));
         fp.power.calls.clear();
         fp.process.ends = 0;
         fp.store.writes.clear();
         app.MainForm->show();
-        app.MainForm->mnuFileSave->setChecked(c.save);
-        command(c.name);
+        app.MainForm->mnuFileSave->setChecked(save);
+        command(name);
         fp.agent->calls.clear();
         QStringList writesAtPowerOff;
         fp.power.onCall = [&] {
             writesAtPowerOff = fp.store.writes;
             EXPECT_TRUE(app.ShutForm);
         };
-        if (c.byButton)
+        if (byButton)
             EXPECT_THROW(ShutForm(app)->cmdYes->click(), ProgramEnded);
         else
             EXPECT_THROW(command("Yes"), ProgramEnded);
-        EXPECT_EQ(fp.power.calls, c.power);
+        EXPECT_EQ(fp.power.calls, power);
         EXPECT_EQ(fp.process.ends, 1);
-        EXPECT_EQ(writesAtPowerOff.contains("WinX"), c.save);
-        if (!c.byButton && !c.power.empty()) {
+        EXPECT_EQ(writesAtPowerOff.contains("WinX"), save);
+        if (!byButton && !power.empty()) {
             // The end comes at once: no unloading, so the window values go only with Save.
             EXPECT_EQ(fp.store.writes, writesAtPowerOff);
-            EXPECT_EQ(fp.store.writes.contains("SaveSettings"), c.save);
+            EXPECT_EQ(fp.store.writes.contains("SaveSettings"), save);
         } else {
             EXPECT_TRUE(writesAtPowerOff.isEmpty());
             EXPECT_EQ(fp.store.writes, QStringList{"SaveSettings"});
@@ -168,7 +162,7 @@ TEST_F(CommandDispatchTest, YesAsksThePlatformFirstAndThenEndsTheProgram)
             EXPECT_EQ(app.ModalOpen, 0);
         }
         // The answer by button leaves the pending flag, which no longer matters.
-        EXPECT_EQ(app.ConfirmPending, c.byButton);
+        EXPECT_EQ(app.ConfirmPending, byButton);
         fp.power.onCall = nullptr;
         app.ShutForm.reset();
     }

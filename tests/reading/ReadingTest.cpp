@@ -110,37 +110,30 @@ TEST_F(ReadingTest, TakeChunkCutsAtTheFirstSpaceAfter180OrAt200)
 
 TEST_F(ReadingTest, ScaleAndAdvanceProgress)
 {
-    const struct {
-        qint64 length;
-        int margin, maximum;
-        float scale;
-    } cases[] = {
+    const std::tuple<qint64, int, float> cases[] = {
         // An empty source keeps a range, so that the bar stays empty instead of busy.
-        {0, 1, 1, 1.0f},
-        {32700, 1, 32700, 1.0f},
-        {32701, 1, 32701, 32700.0f / 32701.0f},
+        {0, 1, 1.0f},
+        {32700, 32700, 1.0f},
+        {32701, 32701, 32700.0f / 32701.0f},
         // The scale, rounded to a 32-bit float, falls a hair short for this length.
-        {100000000, 1, 32700, 0.000327f},
+        {100000000, 32700, 0.000327f},
     };
-    for (const auto& c : cases) {
-        ScaleProgress(app, c.length, c.margin);
-        EXPECT_EQ(form().ProgressBar1->maximum(), c.maximum) << c.length;
-        EXPECT_FLOAT_EQ(app.ProgressScale, c.scale) << c.length;
+    for (const auto& [length, maximum, scale] : cases) {
+        ScaleProgress(app, length, 1);
+        EXPECT_EQ(form().ProgressBar1->maximum(), maximum) << length;
+        EXPECT_FLOAT_EQ(app.ProgressScale, scale) << length;
     }
 
     form().ProgressBar1->setMaximum(500);
     app.ProgressScale = 2.0f;
     app.ProgressPos = 0.0f;
-    const struct {
-        int chunk;
-        float pos;
-        int value;
-    } steps[] = {{100, 200.0f, 200}, {120, 440.0f, 440}, {100, 640.0f, 500}, {0, 640.0f, 500}};
-    for (const auto& step : steps) {
-        form().ChunkText = QString(step.chunk, 'x');
+    const std::tuple<int, float, int> steps[] = {
+        {100, 200.0f, 200}, {120, 440.0f, 440}, {100, 640.0f, 500}, {0, 640.0f, 500}};
+    for (const auto& [chunk, pos, value] : steps) {
+        form().ChunkText = QString(chunk, 'x');
         AdvanceProgress(app);
-        EXPECT_FLOAT_EQ(app.ProgressPos, step.pos);
-        EXPECT_EQ(form().ProgressBar1->value(), step.value);
+        EXPECT_FLOAT_EQ(app.ProgressPos, pos);
+        EXPECT_EQ(form().ProgressBar1->value(), value);
     }
 }
 
@@ -216,23 +209,20 @@ TEST_F(ReadingTest, CancelledDialogFileThatCannotBeOpenedOrFailingAnimationEndTh
 
 TEST_F(ReadingTest, LinesBlankLinesAndAnEmptyFile)
 {
-    const struct {
-        const char* name;
-        QByteArray bytes;
-        QStringList spoken;
-        int ticks;
-    } cases[] = {
-        {"blank lines skipped", "one\r\n\r\n   \r\n\r\ntwo", {"one", "two"}, 2},
-        {"trailing blank lines end with the last text", "one\n\n  \n\n", {"one"}, 2},
-        {"blank first lines", "\n\n\nthree", {"three"}, 1},
-        {"empty file", "", {}, 1},
+    // Trailing blank lines end with the last text.
+    const std::tuple<QByteArray, QStringList, int> cases[] = {
+        {"one\r\n\r\n   \r\n\r\ntwo", {"one", "two"}, 2},
+        {"one\n\n  \n\n", {"one"}, 2},
+        {"\n\n\nthree", {"three"}, 1},
+        {"", {}, 1},
     };
-    for (const auto& c : cases) {
+    for (const auto& [bytes, lines, ticks] : cases) {
+        SCOPED_TRACE(bytes.constData());
         fp.agent->calls.clear();
-        readFile(c.bytes);
-        EXPECT_EQ(tickToEnd(), c.ticks) << c.name;
-        EXPECT_EQ(spoken(), c.spoken) << c.name;
-        EXPECT_TRUE(idle()) << c.name;
+        readFile(bytes);
+        EXPECT_EQ(tickToEnd(), ticks);
+        EXPECT_EQ(spoken(), lines);
+        EXPECT_TRUE(idle());
     }
 }
 
@@ -297,28 +287,27 @@ TEST_F(ReadingTest, ProgressOfALongTextAndOfALargeFileStaysWithinTheBar)
     while (bytes.size() < 40000)
         bytes += QByteArray(99, 'x') + '\n';
     bytes.truncate(40000);
-    const struct {
-        std::function<void()> start;
-        int maximum, lowest, highest;
-    } cases[] = {{[&] { SayText(app, text, false); }, 32710, 32401, 32699},
-                 {[&] { readFile(bytes); }, 32701, 32001, 32701}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.maximum);
+    // The start, the bar's maximum, and the least and most its highest value may be.
+    const std::tuple<std::function<void()>, int, int, int> cases[] = {
+        {[&] { SayText(app, text, false); }, 32710, 32401, 32699},
+        {[&] { readFile(bytes); }, 32701, 32001, 32701}};
+    for (const auto& [start, maximum, lowest, highest] : cases) {
+        SCOPED_TRACE(maximum);
         fp.agent->calls.clear();
-        c.start();
-        EXPECT_EQ(form().ProgressBar1->maximum(), c.maximum);
+        start();
+        EXPECT_EQ(form().ProgressBar1->maximum(), maximum);
         EXPECT_EQ(form().windowTitle(), ReadingCaption(app));
-        int highest = 0;
+        int peak = 0;
         while (form().Timer2->isActive()) {
             Timer2_Timer(app);
-            highest = std::max(highest, form().ProgressBar1->value());
+            peak = std::max(peak, form().ProgressBar1->value());
             EXPECT_EQ(form().txtText->toPlainText(), spoken().back());
         }
-        EXPECT_GE(highest, c.lowest);
-        EXPECT_LE(highest, c.highest);
+        EXPECT_GE(peak, lowest);
+        EXPECT_LE(peak, highest);
         EXPECT_EQ(form().ProgressBar1->value(), 0);
         EXPECT_TRUE(idle());
-        if (c.maximum == 32710) {
+        if (maximum == 32710) {
             EXPECT_EQ(spoken().join(QString()), text);
             EXPECT_NEAR(app.ProgressPos, 32700.0f, 1.0f);
         }
@@ -401,24 +390,19 @@ TEST_F(ReadingTest, ContinueRestoresTheCaptionsAndKeepsWaitingForThePiece)
 // e = ticks to the end of the reading. Every case reads to the end of its file.
 TEST_F(ReadingTest, PauseAndNext)
 {
-    const QString a200(200, 'a');
-    const struct {
-        QByteArray bytes;
-        const char* steps;
-        QString textAfterNext;
-        QStringList spoken;
-    } cases[] = {
+    // The file, the steps, the text shown after the last Next and all that is spoken.
+    const std::tuple<QByteArray, const char*, QString, QStringList> cases[] = {
         {"one\ntwo\n", "nt", "two", {"one"}},
         {"one\ntwo\n", "pnfpt", "two", {"one", "two"}},
         // Each Next skips a line, and empty lines with it.
         {"one\ntwo\n\n\nfour\nfive\n", "nnftt", "four", {"one", "four", "five"}},
         // Next during a long line drops its rest.
-        {QByteArray(500, 'a') + "\nnext\n", "nfe", "next", {a200, "next"}},
+        {QByteArray(500, 'a') + "\nnext\n", "nfe", "next", {QString(200, 'a'), "next"}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.steps);
+    for (const auto& [bytes, steps, shownAfterNext, lines] : cases) {
+        SCOPED_TRACE(steps);
         ReadingFixture f;
-        f.readFirstLine(c.bytes);
+        f.readFirstLine(bytes);
         QString textAfterNext;
         const std::map<char, std::function<void()>> act{
             {'p', [&] { cmdCont_Click(f.app); }},
@@ -430,10 +414,10 @@ TEST_F(ReadingTest, PauseAndNext)
             {'f', [&] { f.fp.agent->lastRequest()->status = platform::AgentRequest::Complete; }},
             {'t', [&] { Timer2_Timer(f.app); }},
             {'e', [&] { f.tickToEnd(); }}};
-        for (const char* step = c.steps; *step; ++step)
+        for (const char* step = steps; *step; ++step)
             std::invoke(act.at(*step));
-        EXPECT_EQ(textAfterNext, c.textAfterNext);
-        EXPECT_EQ(f.spoken(), c.spoken);
+        EXPECT_EQ(textAfterNext, shownAfterNext);
+        EXPECT_EQ(f.spoken(), lines);
         EXPECT_FALSE(f.form().Timer2->isActive()) << "the reading has ended";
     }
 }

@@ -118,29 +118,25 @@ TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
     const fakes::Box voice = Error("Voice Command Required", "Voice commands cannot be empty");
     const fakes::Box character =
         Error("Character not specified", "Please specify a character file (ACS file)");
-    const struct {
-        std::vector<QLineEdit * F::*> emptied;
-        QLineEdit* F::*focused;
-        fakes::Box box;
-        int tab;
-    } cases[] = {
+    // The boxes emptied, the one that takes the focus, the box shown and the tab in front.
+    const std::tuple<std::vector<QLineEdit * F::*>, QLineEdit * F::*, fakes::Box, int> cases[] = {
         {{&F::txtChar, &F::txtTime}, &F::txtChar, character, 2},
         {{&F::txtRestart}, &F::txtRestart, voice, 3},
         {{&F::txtTime, &F::txtDate}, &F::txtDate, voice, 3},
         {{&F::txtClip, &F::txtNotes, &F::txtRestart}, &F::txtNotes, voice, 3},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.box.title.toStdString() + std::to_string(c.emptied.size()));
+    for (const auto& [emptied, focused, box, tab] : cases) {
+        SCOPED_TRACE(box.title.toStdString() + std::to_string(emptied.size()));
         fp.dialogs.boxes.clear();
         open(2, [&](frmOptions& form) {
             fp.store.writes.clear();
             fp.agent->calls.clear();
-            for (auto box : c.emptied)
-                (form.*box)->clear();
+            for (auto emptiedBox : emptied)
+                (form.*emptiedBox)->clear();
             form.cmdOK->click();
-            EXPECT_EQ(fp.dialogs.boxes, Boxes{c.box});
-            EXPECT_EQ(form.SSTab1->currentIndex(), c.tab);
-            EXPECT_EQ(form.focusWidget(), form.*c.focused);
+            EXPECT_EQ(fp.dialogs.boxes, Boxes{box});
+            EXPECT_EQ(form.SSTab1->currentIndex(), tab);
+            EXPECT_EQ(form.focusWidget(), form.*focused);
             EXPECT_TRUE(form.isVisible());
             EXPECT_TRUE(fp.store.writes.isEmpty());
             EXPECT_TRUE(fp.agent->calls.isEmpty()) << fp.agent->calls.join(' ').toStdString();
@@ -274,20 +270,20 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
 
 TEST_F(frmOptionsTest, TheGreetingHintTicksBothBoxes)
 {
-    const struct {
-        bool greet, show, hint;
-    } cases[] = {{false, false, true}, {false, true, false}, {true, false, false}};
-    for (const auto& c : cases) {
+    // The greeting box and the show box before the click, and whether the hint comes.
+    const std::tuple<bool, bool, bool> cases[] = {
+        {false, false, true}, {false, true, false}, {true, false, false}};
+    for (const auto& [greet, show, hint] : cases) {
         fp.dialogs.boxes.clear();
         open(1, [&](frmOptions& form) {
-            form.chkGreetTime->setChecked(c.greet);
-            form.chkShow->setChecked(c.show);
+            form.chkGreetTime->setChecked(greet);
+            form.chkShow->setChecked(show);
             // On the box itself: a click beside the caption misses the button.
             QTest::mouseClick(form.chkGreetTime, Qt::LeftButton, {},
                               QPoint(8, form.chkGreetTime->height() / 2));
-            EXPECT_EQ(fp.dialogs.titles(), c.hint ? QStringList{"Hint"} : QStringList{});
-            EXPECT_EQ(form.chkGreetTime->isChecked(), !c.greet);
-            EXPECT_EQ(form.chkShow->isChecked(), c.show || c.hint);
+            EXPECT_EQ(fp.dialogs.titles(), hint ? QStringList{"Hint"} : QStringList{});
+            EXPECT_EQ(form.chkGreetTime->isChecked(), !greet);
+            EXPECT_EQ(form.chkShow->isChecked(), show || hint);
         });
     }
 }
@@ -364,27 +360,20 @@ TEST(LoadSettingsTest, FirstRunAsksForACharacter)
 
 TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
 {
-    const struct {
-        const char* name;
-        std::optional<QString> winY;
-        bool centred;
-    } cases[] = {
-        {"missing", std::nullopt, true},
-        {"negative", "-15", true},
-        {"beyond the screen", "11505", true},
-        {"on the screen", "300", false},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        const SettingsRun t(c.winY ? std::map<QString, QString>{{"WinY", *c.winY}}
-                                   : std::map<QString, QString>{});
+    // The stored WinY: missing, above the screen, below it, and on it.
+    const std::pair<std::optional<QString>, bool> cases[] = {
+        {std::nullopt, true}, {"-15", true}, {"11505", true}, {"300", false}};
+    for (const auto& [winY, centred] : cases) {
+        SCOPED_TRACE(winY.value_or("missing").toStdString());
+        const SettingsRun t(winY ? std::map<QString, QString>{{"WinY", *winY}}
+                                 : std::map<QString, QString>{});
         const int top = t.app.MainForm->TopTwips();
-        if (c.centred) {
+        if (centred) {
             EXPECT_NEAR(top, (ScreenHeight - t.app.MainForm->HeightTwips()) / 2, 15);
             EXPECT_EQ(t.stored("WinY"), QString::number(top));
         } else {
-            EXPECT_NEAR(top, int(Conversions::Val(*c.winY)), 15);
-            EXPECT_EQ(t.stored("WinY"), *c.winY) << "rewritten";
+            EXPECT_NEAR(top, int(Conversions::Val(*winY)), 15);
+            EXPECT_EQ(t.stored("WinY"), *winY) << "rewritten";
         }
     }
     const SettingsRun t({{"WinX", "20000"}, {"WinY", "600"}});
@@ -445,20 +434,18 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
 // task bar.
 TEST(LoadSettingsTest, TopmostAndStartVisibility)
 {
-    const struct {
-        QString top, startMinimized;
-        bool tray, onTop, visible;
-    } cases[] = {{"True", "1", true, true, true},
-                 {"False", "0", true, false, false},
-                 {"0", "0", false, false, true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(
-            (c.top + "/" + c.startMinimized + (c.tray ? "" : " without a tray")).toStdString());
-        const SettingsRun t({{"Top", c.top}, {"StartMinimized", c.startMinimized}}, c.tray);
-        EXPECT_EQ(t.app.OnTop, c.onTop);
-        EXPECT_EQ(t.app.MainForm->mnuViewTop->isChecked(), c.onTop);
-        EXPECT_EQ(t.app.MainForm->isVisible(), c.visible);
-        EXPECT_EQ(t.app.MainForm->isMinimized(), !c.tray);
+    // Top, StartMinimized, a tray; then on top and visible.
+    const std::tuple<QString, QString, bool, bool, bool> cases[] = {
+        {"True", "1", true, true, true},
+        {"False", "0", true, false, false},
+        {"0", "0", false, false, true}};
+    for (const auto& [top, startMinimized, tray, onTop, visible] : cases) {
+        SCOPED_TRACE((top + "/" + startMinimized + (tray ? "" : " without a tray")).toStdString());
+        const SettingsRun t({{"Top", top}, {"StartMinimized", startMinimized}}, tray);
+        EXPECT_EQ(t.app.OnTop, onTop);
+        EXPECT_EQ(t.app.MainForm->mnuViewTop->isChecked(), onTop);
+        EXPECT_EQ(t.app.MainForm->isVisible(), visible);
+        EXPECT_EQ(t.app.MainForm->isMinimized(), !tray);
     }
 }
 
