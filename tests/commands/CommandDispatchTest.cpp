@@ -213,7 +213,6 @@ TEST_F(CommandDispatchTest, AFailingBuiltInCommandIsReportedAtSixAndABusyMicroph
     EXPECT_FALSE(character().Commands().Command("Yes").Enabled() ||
                  character().Commands().Command("No").Enabled());
 
-    // A microphone held by another program shows the sound system's box.
     fp.dialogs.boxes.clear();
     fp.agent->raiseError({platform::errors::SoundSystemBusy, platform::AgentSource, "in use"});
     EXPECT_EQ(fp.dialogs.titles(), QStringList{"Speech Input Error"});
@@ -301,7 +300,6 @@ TEST_F(VoiceCommandsTest, EnableVoiceCommReportsAFailureAndShowVoiceCommsIgnores
     ASSERT_EQ(errorBoxes().size(), 1);
     EXPECT_TRUE(errorBoxes()[0].contains("( 15 )"));
 
-    // ShowVoiceComms switches the group only and ignores errors.
     fp.dialogs.boxes.clear();
     fp.agent->calls.clear();
     ShowVoiceComms(app, false);

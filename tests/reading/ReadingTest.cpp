@@ -139,24 +139,22 @@ TEST_F(ReadingTest, ScaleAndAdvanceProgress)
 
 TEST_F(ReadingTest, RemoveIgnored)
 {
-    const struct {
-        const char* name;
-        bool on;
-        QString first, second, text, result;
-    } cases[] = {
-        {"box cleared keeps everything", false, ">", "*", "> a * b", "> a * b"},
-        {"a and A drop both cases", true, "a", "A", "Aa banana", " bnn"},
-        {"a alone keeps A", true, "a", "", "Aa banana", "A bnn"},
-        {"empty boxes match nothing", true, "", "", "any text", "any text"},
-        {"a space box is empty", true, " ", "", "a b", "a b"},
-        {"filtered past the points where the event queue runs", true, "*", "",
-         QString("*abcdef").repeated(430), QString("abcdef").repeated(430)},
+    // The box checked, the two characters, the text and what is left of it. A space is no
+    // character, and the last text runs past the points where the event queue runs.
+    const std::tuple<bool, QString, QString, QString, QString> cases[] = {
+        {false, ">", "*", "> a * b", "> a * b"},
+        {true, "a", "A", "Aa banana", " bnn"},
+        {true, "a", "", "Aa banana", "A bnn"},
+        {true, "", "", "any text", "any text"},
+        {true, " ", "", "a b", "a b"},
+        {true, "*", "", QString("*abcdef").repeated(430), QString("abcdef").repeated(430)},
     };
-    for (const auto& c : cases) {
-        form().chkIgnore->setChecked(c.on);
-        form().txtIgnore->setText(c.first);
-        form().txtIgnore1->setText(c.second);
-        EXPECT_EQ(RemoveIgnored(app, c.text), c.result) << c.name;
+    for (const auto& [on, first, second, text, result] : cases) {
+        form().chkIgnore->setChecked(on);
+        form().txtIgnore->setText(first);
+        form().txtIgnore1->setText(second);
+        EXPECT_EQ(RemoveIgnored(app, text), result)
+            << on << first.toStdString() << second.toStdString();
     }
 }
 

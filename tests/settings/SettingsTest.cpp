@@ -218,31 +218,26 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
     const QStringList reads = {"Show(0)", "Play(Read)", "Play(ReadReturn)"};
     const QStringList reload = {"Unload(G)", "Load(G,/chars/Pip.acs)"};
     const Boxes noRead{Error("Character Error", "Testy does not support the read animation.")};
-    const struct {
-        QString path;
-        bool hasRead, visibleBefore;
-        QStringList calls;
-        QString animate;
-        Boxes boxes = {};
-    } cases[] = {
-        {Pip, true, false, reads + QStringList{"Hide()"}, "1"},
-        {Pip, true, true, reads + QStringList{"Show(0)"}, "1"},
+    // The path, the Read animation, the character visible; the calls, Animate and the boxes.
+    const std::tuple<QString, bool, bool, QStringList, QString, Boxes> cases[] = {
+        {Pip, true, false, reads + QStringList{"Hide()"}, "1", {}},
+        {Pip, true, true, reads + QStringList{"Show(0)"}, "1", {}},
         {Pip, false, false, {"Show(0)", "Hide()"}, "0", noRead},
-        {"/chars/Pip.acs", true, false, reload + reads + QStringList{"Hide()"}, "1"},
-        {broken, true, false, {"Unload(G)", "Load(G," + broken + ")"}, "0"},
+        {"/chars/Pip.acs", true, false, reload + reads + QStringList{"Hide()"}, "1", {}},
+        {broken, true, false, {"Unload(G)", "Load(G," + broken + ")"}, "0", {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.path.toStdString() << c.hasRead << c.visibleBefore);
+    for (const auto& [path, hasRead, visibleBefore, calls, animate, boxes] : cases) {
+        SCOPED_TRACE(testing::Message() << path.toStdString() << hasRead << visibleBefore);
         fp.dialogs.boxes.clear();
         fp.store.setValue("Show", "0");
         fp.store.setValue("Character", Pip);
         fp.agent->badFiles = {broken};
         fp.dialogs.answers = {platform::BoxAnswer::Cancel};
-        if (!c.hasRead)
+        if (!hasRead)
             character().animations.erase("Read");
-        character().visible = c.visibleBefore;
+        character().visible = visibleBefore;
         open(0, [&](frmOptions& form) {
-            form.txtChar->setText(c.path);
+            form.txtChar->setText(path);
             form.chkAnimate->setChecked(true);
             form.chkClick->setChecked(true);
             fp.agent->calls.clear();
@@ -250,16 +245,16 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
             EXPECT_FALSE(form.isVisible());
         });
         EXPECT_EQ(fp.agent->calls.filter(QRegularExpression("^(Show|Hide|Play|Load|Unload)")),
-                  c.calls);
-        EXPECT_EQ(stored("Animate"), c.animate);
-        EXPECT_EQ(app.AnimateRead, c.animate);
-        if (c.path == broken) {
+                  calls);
+        EXPECT_EQ(stored("Animate"), animate);
+        EXPECT_EQ(app.AnimateRead, animate);
+        if (path == broken) {
             EXPECT_TRUE(
                 fp.dialogs.texts("Unknown Error").join(' ').contains("( Unknown ( 16 ) 91,"));
             continue;
         }
-        EXPECT_EQ(fp.dialogs.boxes, c.boxes);
-        EXPECT_EQ(stored("Character"), c.path);
+        EXPECT_EQ(fp.dialogs.boxes, boxes);
+        EXPECT_EQ(stored("Character"), path);
         EXPECT_TRUE(fp.agent->calls.contains("Commands.RemoveAll()"));
         // The applications are back at the end of the rebuilt list.
         const auto& commands = character().Commands();
@@ -307,7 +302,6 @@ TEST_F(frmOptionsTest, BrowseAndTheSpeechSettingsButton)
     EXPECT_TRUE(fp.agent->propertySheetVisible);
 }
 
-// Only the frames of the tab in front are enabled.
 TEST_F(frmOptionsTest, CallersOpenItOnTheirTabAndEveryControlIsReachableAndNamed)
 {
     QList<int> tabs;
