@@ -18,7 +18,13 @@
 
 // Speaking, the voice panel and the character's events. The balloon's hiding map is ClockTest's.
 struct CharacterTest : CharacterFixture, ::testing::Test {
-    QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
+    // The sliders' pitch, speed and volume, then the tags.
+    QString voice()
+    {
+        return QString::asprintf("%d %d %d ", form().sdrPitch->value(), form().sdrSpeed->value(),
+                                 form().sdrVolume->value()) +
+               app.PitchTag + app.SpeedTag + app.VolumeTag;
+    }
 };
 
 TEST_F(CharacterTest, SpacesOnlySayNothingAndTouchNothing)
@@ -88,18 +94,14 @@ TEST_F(CharacterTest, DefaultsTakeTheCharactersVoiceEvenBeyondTheSlidersAndTheTo
     character().pitch = 95;
     character().speed = 170;
     cmdDefaults_Click(app);
-    EXPECT_EQ(form().sdrPitch->value(), 95);
-    EXPECT_EQ(form().sdrSpeed->value(), 170);
-    EXPECT_EQ(form().sdrVolume->value(), 65535);
-    EXPECT_EQ(tags(), R"(\pit=95\\spd=170\\vol=65535\)");
+    EXPECT_EQ(voice(), R"(95 170 65535 \pit=95\\spd=170\\vol=65535\)");
 
     // Without a character only the volume is set.
     app.Character = nullptr;
     form().sdrPitch->setValue(300);
     form().sdrVolume->setValue(10);
     EXPECT_NO_THROW(ApplyVoiceDefaults(app));
-    EXPECT_EQ(form().sdrPitch->value(), 300);
-    EXPECT_EQ(tags(), R"(\pit=300\\spd=170\\vol=65535\)");
+    EXPECT_EQ(voice(), R"(300 170 65535 \pit=300\\spd=170\\vol=65535\)");
     EXPECT_TRUE(fp.dialogs.boxes.empty());
 
     // A character's voice beyond the sliders stays in the tags.
@@ -107,13 +109,11 @@ TEST_F(CharacterTest, DefaultsTakeTheCharactersVoiceEvenBeyondTheSlidersAndTheTo
     character().pitch = 30;
     character().speed = 300;
     cmdDefaults_Click(app);
-    EXPECT_EQ(form().sdrPitch->value(), 50);
-    EXPECT_EQ(form().sdrSpeed->value(), 250);
-    EXPECT_EQ(tags(), R"(\pit=30\\spd=300\\vol=65535\)");
+    EXPECT_EQ(voice(), R"(50 250 65535 \pit=30\\spd=300\\vol=65535\)");
 
     // A slider rebuilds its own tag only.
     form().sdrSpeed->setValue(51);
-    EXPECT_EQ(tags(), R"(\pit=30\\spd=51\\vol=65535\)");
+    EXPECT_EQ(voice(), R"(50 51 65535 \pit=30\\spd=51\\vol=65535\)");
 }
 
 TEST_F(CharacterTest, ViewMenuFlipsThePanel)
