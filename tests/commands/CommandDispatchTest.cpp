@@ -176,7 +176,6 @@ TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaptionOrT
                                    QString("App %1").arg(i), true, true);
     character().Commands().Command(" 3").setCaption("Editor");
     app.AppPaths = {QString(), "/bin/one", "/bin/two", "  /usr/bin/editor --new \"a b\"  "};
-    fp.agent->calls.clear();
     command(" 3");
     EXPECT_EQ(fp.agent->spoken(), QStringList{Tags + "Running Editor."});
     EXPECT_EQ(fp.shell.started, QStringList{"/usr/bin/editor --new \"a b\""});
