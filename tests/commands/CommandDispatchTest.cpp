@@ -187,7 +187,6 @@ TEST_F(CommandDispatchTest, AnApplicationNameRunsItsPathAfterSayingItsCaptionOrT
         EXPECT_TRUE(fp.agent->calls.isEmpty()) << name.toStdString();
     }
 
-    fp.shell.started.clear();
     fp.shell.failing["/bin/two"] = "the program was not found";
     command(" 2");
     const QString sentence =
