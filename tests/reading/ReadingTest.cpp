@@ -31,9 +31,9 @@ struct ReadingFixture : fakes::LoadedProgram {
     }
 
     // Picks the file in the open dialog of "Read Text File".
-    void readFile(const QByteArray& bytes, const QString& name = "text.txt")
+    void readFile(const QByteArray& bytes)
     {
-        QFile file(dir.filePath(name));
+        QFile file(dir.filePath("text.txt"));
         file.open(QIODevice::WriteOnly);
         file.write(bytes);
         file.close();
@@ -256,21 +256,6 @@ TEST_F(ReadingTest, HugeLineWithoutSpaces)
     EXPECT_TRUE(idle());
     EXPECT_EQ(spoken().mid(0, 751).join(QString()), line);
     EXPECT_EQ(spoken().mid(751), QStringList{"after"});
-}
-
-TEST_F(ReadingTest, StopInALongLineThenANewFileStartsAtItsFirstLine)
-{
-    readFile(QByteArray(1000, 'a') + "\nold second\n", "old.txt");
-    Timer2_Timer(app);
-    Timer2_Timer(app);
-    EXPECT_EQ(form().Splitting, 1);
-    cmdStop_Click(app);
-    EXPECT_TRUE(idle());
-
-    fp.agent->calls.clear();
-    readFile("new first\nnew second\n", "new.txt");
-    tickToEnd();
-    EXPECT_EQ(spoken(), QStringList({"new first", "new second"}));
 }
 
 // Each ends short of its maximum: a file's line ends are not counted, and a text's bar is back
