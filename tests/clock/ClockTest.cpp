@@ -53,17 +53,17 @@ TEST_F(ClockTest, SayDateInEnglishWhateverTheLocale)
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     EXPECT_EQ(dateOn({1998, 11, 20}), "Today is Friday. 20th of November, 1998.");
     // The day's ending, the weekday from 5 January 2026 (a Monday) on, and the month.
-    QStringList endings, days, months;
+    QStringList words;
     for (int day : {1, 2, 3, 11, 12, 13, 21, 22, 23, 31})
-        endings << dateOn({2026, 12, day}).section(' ', 3, 3);
+        words << dateOn({2026, 12, day}).section(' ', 3, 3);
     for (int i = 0; i < 7; ++i)
-        days << dateOn({2026, 1, 5 + i}).section(' ', 2, 2);
+        words << dateOn({2026, 1, 5 + i}).section(' ', 2, 2);
     for (int m = 1; m <= 12; ++m)
-        months << dateOn({2026, m, 10}).section(' ', 5, 5);
-    EXPECT_EQ(endings.join(' '), "1st 2nd 3rd 11th 12th 13th 21st 22nd 23rd 31st");
-    EXPECT_EQ(days.join(' '), "Monday. Tuesday. Wednesday. Thursday. Friday. Saturday. Sunday.");
-    EXPECT_EQ(months.join(' '), "January, February, March, April, May, June, July, August, "
-                                "September, October, November, December,");
+        words << dateOn({2026, m, 10}).section(' ', 5, 5);
+    EXPECT_EQ(words.join(' '), "1st 2nd 3rd 11th 12th 13th 21st 22nd 23rd 31st "
+                               "Monday. Tuesday. Wednesday. Thursday. Friday. Saturday. Sunday. "
+                               "January, February, March, April, May, June, July, August, "
+                               "September, October, November, December,");
     QLocale::setDefault(QLocale::c());
 }
 

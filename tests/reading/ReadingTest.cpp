@@ -234,8 +234,7 @@ TEST_F(ReadingTest, TickWaitsForTheLastRequest)
     for (const auto& [status, feeds] : cases) {
         fp.agent->calls.clear();
         app.LastRequest.reset();
-        readFile("one\ntwo\n");
-        Timer2_Timer(app);
+        readFirstLine("one\ntwo\n");
         fp.agent->lastRequest()->status = status;
         Timer2_Timer(app);
         EXPECT_EQ(spoken().size(), feeds ? 2 : 1) << status;
