@@ -251,7 +251,6 @@ TEST_F(ReadingTest, HugeLineWithoutSpaces)
         line += QChar(i % 3 == 0 ? 0x00E9 : u'a' + i % 26);
     readFile(line.toUtf8() + "\r\nafter\r\n");
     EXPECT_EQ(tickToEnd(), 752) << "one piece a tick";
-    EXPECT_EQ(form().Splitting, 0);
     EXPECT_TRUE(idle());
     EXPECT_EQ(spoken().mid(0, 751).join(QString()), line);
     EXPECT_EQ(spoken().mid(751), QStringList{"after"});
