@@ -175,7 +175,6 @@ TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
     });
     EXPECT_TRUE(fp.store.writes.isEmpty());
     EXPECT_EQ(fp.agent->calls, (QStringList{"Commands.Visible=0", "Commands.Visible=1"}));
-    EXPECT_EQ(voiceOf("Time"), "What is the time");
     EXPECT_TRUE(app.MainForm->RemindTimer->isActive());
     EXPECT_EQ(app.ModalOpen, 0);
 
