@@ -45,7 +45,6 @@ TEST_F(CharacterTest, LineIsTagsAndTextAsTheyStandAndAKeptTextBoxStays)
 {
     const QString voice = R"(\pit=110\\spd=150\\vol=900\)";
     const QString normal = R"(\chr="normal"\)" + voice, whisper = R"(\chr="whisper"\)" + voice;
-    // Whisper, the character visible, the text and the calls it makes.
     const std::tuple<bool, bool, QString, QString> cases[] = {
         {false, true, "Hello.", "Speak(" + normal + "Hello.)"},
         {true, true, "Hello.", "Speak(" + whisper + "Hello.)"},
@@ -299,7 +298,6 @@ TEST_F(LoadCharacterTest, PositionStaysInsideTheScreen)
 TEST_F(LoadCharacterTest, CharacterOptions)
 {
     const QString loading = "Load(G," + Good + ")";
-    // The stored SoundEffects, IdleAnimations and Show, and the last calls they make.
     const std::tuple<QString, QString, QString, QStringList> cases[] = {
         {"0", "1", "1", {"SoundEffectsOn=0", "IdleOn=1", "Show(0)"}},
         {"1", "0", "0", {loading, "SoundEffectsOn=1", "IdleOn=0"}},

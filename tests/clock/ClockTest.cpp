@@ -24,7 +24,6 @@ struct ClockTest : CharacterFixture, ::testing::Test {
 
 TEST_F(ClockTest, SayTimeForEveryShapeOfTheClock)
 {
-    // The hour, the minute, the balloon hidden, and what is said.
     const std::tuple<int, int, bool, QString> cases[] = {
         // One row per shape, on the edges of the hour and of the shapes.
         {12, 10, false, "The time now is 12:10."},

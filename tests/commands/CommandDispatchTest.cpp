@@ -58,7 +58,6 @@ TEST_F(CommandDispatchTest, APopupPickAndAPhraseTakeTheOneRoutine)
 TEST_F(CommandDispatchTest, AWeightyCommandAsksInItsWindowAndNoGivesEverythingBack)
 {
     character().name = "Lumo";
-    // The command, its label and question; the main window shown, on top; No by key.
     const std::tuple<QString, QString, QString, bool, bool, bool> cases[] = {
         {"Shut", "Shut Down", "shut down?", true, false, false},
         {"Restart", "Restart", "restart?", false, false, true},
@@ -121,7 +120,6 @@ TEST_F(CommandDispatchTest, ASecondCommandWhileAskingReplacesTheQuestionOnly)
 
 TEST_F(CommandDispatchTest, YesAsksThePlatformFirstAndThenEndsTheProgram)
 {
-    // The command, Yes by button, Save Settings on Exit, and what the platform is asked.
     const std::tuple<QString, bool, bool, PowerCalls> cases[] = {
         {"Shut", false, true, {{1, 0}}},  {"Shut", false, false, {{1, 0}}},
         {"CloseQuorl", false, false, {}}, {"Shut", true, false, {{1, 0}}},

@@ -367,7 +367,6 @@ TEST_F(ReadingTest, ContinueRestoresTheCaptionsAndKeepsWaitingForThePiece)
 // e = ticks to the end of the reading. Every case reads to the end of its file.
 TEST_F(ReadingTest, PauseAndNext)
 {
-    // The file, the steps, the text shown after the last Next and all that is spoken.
     const std::tuple<QByteArray, const char*, QString, QStringList> cases[] = {
         {"one\ntwo\n", "nt", "two", {"one"}},
         {"one\ntwo\n", "pnfpt", "two", {"one", "two"}},

@@ -118,7 +118,6 @@ TEST_F(frmOptionsTest, AnEmptyBoxStopsOkWithItsFocusAndBox)
     const fakes::Box voice = Error("Voice Command Required", "Voice commands cannot be empty");
     const fakes::Box character =
         Error("Character not specified", "Please specify a character file (ACS file)");
-    // The boxes emptied, the one that takes the focus, the box shown and the tab in front.
     const std::tuple<std::vector<QLineEdit * F::*>, QLineEdit * F::*, fakes::Box, int> cases[] = {
         {{&F::txtChar, &F::txtTime}, &F::txtChar, character, 2},
         {{&F::txtRestart}, &F::txtRestart, voice, 3},
@@ -217,7 +216,6 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
     const QStringList reads = {"Show(0)", "Play(Read)", "Play(ReadReturn)"};
     const QStringList reload = {"Unload(G)", "Load(G,/chars/Pip.acs)"};
     const Boxes noRead{Error("Character Error", "Testy does not support the read animation.")};
-    // The path, the Read animation, the character visible; the calls, Animate and the boxes.
     const std::tuple<QString, bool, bool, QStringList, QString, Boxes> cases[] = {
         {Pip, true, false, reads + QStringList{"Hide()"}, "1", {}},
         {Pip, true, true, reads + QStringList{"Show(0)"}, "1", {}},
@@ -264,7 +262,6 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
 
 TEST_F(frmOptionsTest, TheGreetingHintTicksBothBoxes)
 {
-    // The greeting box and the show box before the click, and whether the hint comes.
     const std::tuple<bool, bool, bool> cases[] = {
         {false, false, true}, {false, true, false}, {true, false, false}};
     for (const auto& [greet, show, hint] : cases) {
@@ -426,7 +423,6 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
 // task bar.
 TEST(LoadSettingsTest, TopmostAndStartVisibility)
 {
-    // Top, StartMinimized, a tray; then on top and visible.
     const std::tuple<QString, QString, bool, bool, bool> cases[] = {
         {"True", "1", true, true, true},
         {"False", "0", true, false, false},
