@@ -190,34 +190,29 @@ TEST_F(CharacterTest, ShowButtonAsksForTheOppositeStateUnlessTheBalloonIsUp)
 
 TEST_F(CharacterTest, ClicksOnTheCharacter)
 {
-    const struct {
-        const char* name;
-        QString id;
-        int button;
-        QString click1, click;
-        bool reading, continueEnabled, spoken, paused;
-    } cases[] = {
-        {"left reads the clipboard", "G", 1, "1", "0", false, true, true, false},
-        {"left, switch off", "G", 1, "0", "1", false, true, false, false},
-        {"another character", "H", 1, "1", "1", true, true, false, false},
-        {"right pauses a reading", "G", 2, "0", "1", true, true, false, true},
-        {"right, continue disabled", "G", 2, "0", "1", true, false, false, false},
-        {"middle", "G", 4, "1", "1", true, true, false, false},
+    const std::tuple<QString, int, QString, QString, bool, bool, bool, bool> cases[] = {
+        {"G", 1, "1", "0", false, true, true, false},  // left reads the clipboard
+        {"G", 1, "0", "1", false, true, false, false}, // left, switch off
+        {"H", 1, "1", "1", true, true, false, false},  // another character
+        {"G", 2, "0", "1", true, true, false, true},   // right pauses a reading
+        {"G", 2, "0", "1", true, false, false, false}, // right, pause disabled
+        {"G", 4, "1", "1", true, true, false, false},  // middle
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& row : cases) {
+        SCOPED_TRACE(&row - cases);
+        const auto& [id, button, click1, click, reading, contEnabled, spoken, paused] = row;
         CharacterFixture f;
         f.fp.clipboard.text = "From the clipboard";
-        f.fp.store.setValue("Click1", c.click1);
-        f.fp.store.setValue("Click", c.click);
-        if (c.reading) {
+        f.fp.store.setValue("Click1", click1);
+        f.fp.store.setValue("Click", click);
+        if (reading) {
             f.app.ReadingClip = true;
             f.form().Timer2->start();
-            f.form().cmdCont->setEnabled(c.continueEnabled);
+            f.form().cmdCont->setEnabled(contEnabled);
         }
-        f.fp.agent->raiseClick(c.button, c.id);
-        EXPECT_EQ(!f.fp.agent->spoken().isEmpty(), c.spoken);
-        EXPECT_EQ(c.reading && !f.form().Timer2->isActive(), c.paused);
+        f.fp.agent->raiseClick(button, id);
+        EXPECT_EQ(!f.fp.agent->spoken().isEmpty(), spoken);
+        EXPECT_EQ(reading && !f.form().Timer2->isActive(), paused);
     }
 }
 
