@@ -247,7 +247,6 @@ struct LoadCharacterTest : ::testing::Test, fakes::ProgramWindow {
 TEST_F(LoadCharacterTest, FirstLoadAppliesEverythingInOrderAndAReloadKeepsThePlace)
 {
     load(true, Good);
-    EXPECT_EQ(app.Character, fp.agent->character());
     EXPECT_EQ(fp.agent->calls.mid(0, 2), QStringList({"Load(G," + Good + ")", "MoveTo(0,0)"}));
     EXPECT_FALSE(fp.agent->callsStartingWith("Commands.Add(").isEmpty());
     EXPECT_EQ(fp.agent->calls.mid(fp.agent->calls.size() - 3),

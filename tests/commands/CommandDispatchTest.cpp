@@ -126,8 +126,7 @@ TEST_F(CommandDispatchTest, YesAsksThePlatformFirstAndThenEndsTheProgram)
         {"CloseQuorl", true, false, {}},
     };
     for (const auto& [name, byButton, save, power] : cases) {
-        SCOPED_TRACE(testing::Message() << name.toStdString() << (byButton ? " by button" : "")
-                                        << (save ? " saving" : ""));
+        SCOPED_TRACE(testing::Message() << name.toStdString() << byButton << save);
         fp.power.calls.clear();
         fp.store.writes.clear();
         app.MainForm->show();
