@@ -264,10 +264,7 @@ TEST_F(ReadingTest, ProgressOfALongTextAndOfALargeFileStaysWithinTheBar)
     for (int i = 0; text.size() < 40000; ++i)
         text += QString("%1 ").arg(i);
     text.truncate(40000);
-    QByteArray bytes;
-    while (bytes.size() < 40000)
-        bytes += QByteArray(99, 'x') + '\n';
-    bytes.truncate(40000);
+    const QByteArray bytes = (QByteArray(99, 'x') + '\n').repeated(400);
     // The start, the bar's maximum, and the least and most its highest value may be.
     const std::tuple<std::function<void()>, int, int, int> cases[] = {
         {[&] { SayText(app, text, false); }, 32710, 32401, 32699},
