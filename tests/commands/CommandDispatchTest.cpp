@@ -22,7 +22,6 @@ struct CommandDispatchTest : CharacterFixture, ::testing::Test {
         SetVoiceCommands(app);
         app.MainForm->show();
         fp.agent->calls.clear();
-        fp.store.writes.clear();
     }
 
     void command(const QString& name) { fp.agent->raiseCommand(name); }
