@@ -437,12 +437,10 @@ TEST(LoadSettingsTest, TopmostAndStartVisibility)
     }
 }
 
-using namespace RegFunctions;
-
 TEST(RegFunctionsTest, AnEmptyValueIsReplacedAndDataEndsAtANulOrIsSixteenBits)
 {
     fakes::FakeStore store;
-    const Settings settings{store};
+    const RegFunctions::Settings settings{store};
     store.setValue("Greeting", QString());
     EXPECT_EQ(settings.Get("Greeting", "0"), "0");
     EXPECT_EQ(store.value("Greeting"), "0");
@@ -450,7 +448,7 @@ TEST(RegFunctionsTest, AnEmptyValueIsReplacedAndDataEndsAtANulOrIsSixteenBits)
     store.setRaw("B", platform::RegistryStore::String, QByteArray("\0cd", 3));
     EXPECT_EQ(settings.ReadText("B"), QString());
     store.setRaw("Odd", platform::RegistryStore::Binary, QByteArray("\xfe\xff\x07", 3));
-    const KeyValue value = settings.Read("Odd");
+    const RegFunctions::KeyValue value = settings.Read("Odd");
     EXPECT_TRUE(std::holds_alternative<std::int16_t>(value));
-    EXPECT_EQ(ToString(value), "-2");
+    EXPECT_EQ(RegFunctions::ToString(value), "-2");
 }
