@@ -316,9 +316,6 @@ TEST_F(frmOptionsTest, CallersOpenItOnTheirTabAndEveryControlIsReachableAndNamed
     EXPECT_EQ(tabs, QList<int>({0, 1}));
 }
 
-// The screen of the fakes: 1024 x 768 pixels at 15 twips per pixel.
-constexpr int ScreenWidth = 15360, ScreenHeight = 11520;
-
 // One run of the program up to LoadSettings, with the character file already chosen.
 struct SettingsRun : fakes::ProgramWindow {
     // Sets the stored values, then runs LoadSettings as Main does after creating the window.
@@ -359,7 +356,7 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
                                  : std::map<QString, QString>{});
         const int top = t.app.MainForm->TopTwips();
         if (centred) {
-            EXPECT_NEAR(top, (ScreenHeight - t.app.MainForm->HeightTwips()) / 2, 15);
+            EXPECT_NEAR(top, (t.fp.screen.Height() - t.app.MainForm->HeightTwips()) / 2, 15);
             EXPECT_EQ(t.stored("WinY"), QString::number(top));
         } else {
             EXPECT_NEAR(top, int(Conversions::Val(*winY)), 15);
@@ -369,7 +366,7 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
     const SettingsRun t({{"WinX", "20000"}, {"WinY", "600"}});
     EXPECT_EQ(t.stored("WinX"), QString::number(t.app.MainForm->LeftTwips()));
     EXPECT_GT(t.app.MainForm->LeftTwips(), 0);
-    EXPECT_LT(t.app.MainForm->LeftTwips(), ScreenWidth / 2);
+    EXPECT_LT(t.app.MainForm->LeftTwips(), t.fp.screen.Width() / 2);
 }
 
 TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
