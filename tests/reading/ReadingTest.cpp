@@ -22,7 +22,6 @@
 
 using platform::AgentRequest;
 
-// Text files in a temporary folder.
 struct ReadingFixture : fakes::LoadedProgram {
     ReadingFixture()
     {
