@@ -24,11 +24,7 @@ struct ClockTest : CharacterFixture, ::testing::Test {
 
 TEST_F(ClockTest, SayTimeForEveryShapeOfTheClock)
 {
-    const struct {
-        int hour, minute;
-        bool hideBalloon;
-        QString text;
-    } cases[] = {
+    const std::tuple<int, int, bool, QString> cases[] = {
         // One row per shape, on the edges of the hour and of the shapes.
         {12, 10, false, "The time now is 12:10."},
         {13, 10, false, "The time now is 1:10."},
@@ -36,22 +32,18 @@ TEST_F(ClockTest, SayTimeForEveryShapeOfTheClock)
         {23, 1, false, R"(The time now is 11: \map="o1"="01"\.)"},
         {12, 0, false, "The time now is 12O'clock"},
         {13, 0, false, "The time now is 1 O'clock"},
-        {14, 10, true, "The time now is 2:10."},
-        {14, 0, true, "The time now is 2 O'clock"},
+        // SayText wraps a line in its own balloon tag unless the sentence carries tags of its own.
+        {14, 10, true, R"(\map="The time now is 2:10."=""\)"},
+        {14, 0, true, R"(\map="The time now is 2 O'clock"=""\)"},
         {14, 9, true, R"(\map="The time now is 2:"=""\\map="o9"=""\)"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message()
-                     << c.hour << ":" << c.minute << " hidden " << c.hideBalloon);
-        form().chkBalloon->setChecked(c.hideBalloon);
-        const QStringList spoken =
-            spokenAt(SayTime, {QDate(2026, 3, 4), QTime(c.hour, c.minute, 59)});
-        // SayText wraps a line in its own balloon tag unless the sentence carries tags of its own.
-        const bool ownTags = c.hideBalloon && c.minute > 0 && c.minute < 10;
-        EXPECT_EQ(spoken, QStringList{c.hideBalloon && !ownTags ? R"(\map=")" + c.text + R"("=""\)"
-                                                                : c.text});
+    for (const auto& [hour, minute, hideBalloon, text] : cases) {
+        SCOPED_TRACE(text.toStdString());
+        form().chkBalloon->setChecked(hideBalloon);
+        EXPECT_EQ(spokenAt(SayTime, {QDate(2026, 3, 4), QTime(hour, minute, 59)}),
+                  QStringList{text});
         EXPECT_EQ(fp.agent->calls.size(), 1);
-        EXPECT_EQ(form().chkBalloon->isChecked(), c.hideBalloon);
+        EXPECT_EQ(form().chkBalloon->isChecked(), hideBalloon);
     }
 }
 
@@ -60,17 +52,17 @@ TEST_F(ClockTest, SayDateInEnglishWhateverTheLocale)
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     EXPECT_EQ(dateOn({1998, 11, 20}), "Today is Friday. 20th of November, 1998.");
     // The day's ending, the weekday from 5 January 2026 (a Monday) on, and the month.
-    QStringList endings, days, months;
+    QStringList words;
     for (int day : {1, 2, 3, 11, 12, 13, 21, 22, 23, 31})
-        endings << dateOn({2026, 12, day}).section(' ', 3, 3);
+        words << dateOn({2026, 12, day}).section(' ', 3, 3);
     for (int i = 0; i < 7; ++i)
-        days << dateOn({2026, 1, 5 + i}).section(' ', 2, 2);
+        words << dateOn({2026, 1, 5 + i}).section(' ', 2, 2);
     for (int m = 1; m <= 12; ++m)
-        months << dateOn({2026, m, 10}).section(' ', 5, 5);
-    EXPECT_EQ(endings.join(' '), "1st 2nd 3rd 11th 12th 13th 21st 22nd 23rd 31st");
-    EXPECT_EQ(days.join(' '), "Monday. Tuesday. Wednesday. Thursday. Friday. Saturday. Sunday.");
-    EXPECT_EQ(months.join(' '), "January, February, March, April, May, June, July, August, "
-                                "September, October, November, December,");
+        words << dateOn({2026, m, 10}).section(' ', 5, 5);
+    EXPECT_EQ(words.join(' '), "1st 2nd 3rd 11th 12th 13th 21st 22nd 23rd 31st "
+                               "Monday. Tuesday. Wednesday. Thursday. Friday. Saturday. Sunday. "
+                               "January, February, March, April, May, June, July, August, "
+                               "September, October, November, December,");
     QLocale::setDefault(QLocale::c());
 }
 
@@ -78,11 +70,7 @@ TEST_F(ClockTest, GreetingSaysTheWordOfTheHourAndWhatItIsSetTo)
 {
     const QString text = "Have a nice day", date = "Today is Wednesday. 4th of March, 2026.";
     // Greeting 0 is heard in first_run.sh and LoadSettingsTest, 1 in options_greeting.sh.
-    const struct {
-        QString greeting;
-        QTime time;
-        QStringList spoken;
-    } cases[] = {
+    const std::tuple<QString, QTime, QStringList> cases[] = {
         {"3", {11, 59}, {"Good Morning.", text}},
         {"3", {12, 0}, {"Good Afternoon.", text}},
         {"3", {17, 59}, {"Good Afternoon.", text}},
@@ -91,10 +79,10 @@ TEST_F(ClockTest, GreetingSaysTheWordOfTheHourAndWhatItIsSetTo)
         {"7", {14, 30}, {"Good Afternoon.", text}},
     };
     fp.store.setValue("GreetingText", text);
-    for (const auto& c : cases) {
-        fp.store.setValue("Greeting", c.greeting);
-        EXPECT_EQ(spokenAt(Greet, {QDate(2026, 3, 4), c.time}), c.spoken)
-            << c.greeting.toStdString() << " " << c.time.toString().toStdString();
+    for (const auto& [greeting, time, spoken] : cases) {
+        fp.store.setValue("Greeting", greeting);
+        EXPECT_EQ(spokenAt(Greet, {QDate(2026, 3, 4), time}), spoken)
+            << greeting.toStdString() << " " << time.toString().toStdString();
     }
     for (const QString off : {"2", "x"}) {
         fp.store.setValue("TimeGreeting", off);
