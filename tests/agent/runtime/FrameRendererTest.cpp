@@ -25,33 +25,22 @@ struct CompositionCase {
     std::vector<Probe> probes;
 };
 
-// Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 is a
-// Green 8x2 image whose left half is transparent, 7 an empty placeholder, 8 a 3x2 image whose
-// top row is Red and bottom row White.
+// Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 an empty
+// placeholder, 7 a 3x2 image whose top row is transparent and bottom row White.
 std::shared_ptr<acs::CharacterData> character()
 {
     auto data = std::make_shared<acs::CharacterData>(blankCharacter(16, 16));
     data->images.push_back(solidImage(4, 4, Blue));
-    data->images.push_back(solidImage(8, 2, Green, true));
-    acs::Image placeholder;
-    placeholder.present = false;
-    data->images.push_back(placeholder);
+    data->images.push_back({false, 0, 0, {}, {}});
     acs::Image rows = solidImage(3, 2, White);
-    for (int x = 0; x < 3; ++x)
-        rows.pixels[rows.stride() + x] = char(Red); // stored second: the top row
+    std::fill_n(rows.pixels.data() + rows.stride(), 3, char(Clear)); // stored second: the top row
     data->images.push_back(rows);
     return data;
 }
 
 acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
 {
-    acs::Overlay overlay;
-    overlay.mouth = mouth;
-    overlay.replaceTopImage = replace;
-    overlay.image = 5;
-    overlay.x = 10;
-    overlay.y = 10;
-    frame.overlays.push_back(overlay);
+    frame.overlays.push_back({mouth, replace, 5, 10, 10, 0, 0, {}});
     return frame;
 }
 
@@ -63,12 +52,11 @@ TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
          {},
          {{0, 0, Blue}, {1, 0, Blue}, {2, 0, Clear}, {0, 1, Clear}}},
         {"clipped at the far edge", frame({{5, 14, 14}}), {}, {{15, 15, Blue}, {13, 13, Clear}}},
-        {"transparent pixels show the layer below",
-         frame({{6, 0, 0}, {0, 0, 0}}),
-         {},
-         {{1, 0, Red}, {5, 1, Green}}},
         {"unknown image index is skipped", frame({{99, 0, 0}, {5, 0, 0}}), {}, {{0, 0, Blue}}},
-        {"rows are stored bottom-up", frame({{8, 0, 0}}), {}, {{0, 0, Red}, {2, 1, White}}},
+        {"rows are stored bottom-up, transparent pixels show the layer below",
+         frame({{7, 0, 0}, {0, 0, 0}}),
+         {},
+         {{0, 0, Red}, {2, 1, White}, {5, 1, Red}}},
         {"overlay of the mouth drawn last",
          withOverlay(frame({{1, 0, 0}}), acs::Mouth::OpenWide2, false),
          acs::Mouth::OpenWide2,
@@ -99,11 +87,11 @@ TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
 TEST(FrameRendererTest, ShortPixelDataAndPlaceholdersDrawNothing)
 {
     auto data = character();
-    data->images[6].pixels.chop(1);
+    data->images[5].pixels.chop(1);
     const FrameRenderer renderer(data);
-    EXPECT_TRUE(renderer.image(7).isNull());
     EXPECT_TRUE(renderer.image(6).isNull());
-    EXPECT_EQ(renderer.render(frame({{6, 0, 0}})).pixel(7, 0), rgba(Clear));
+    EXPECT_TRUE(renderer.image(5).isNull());
+    EXPECT_EQ(renderer.render(frame({{5, 0, 0}})).pixel(0, 0), rgba(Clear));
 }
 
 } // namespace
