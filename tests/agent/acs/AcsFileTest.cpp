@@ -172,10 +172,7 @@ TEST(AcsReaderErrors, ReadsShortImageRecordsAsPlaceholders)
 TEST(AcsReaderErrors, StopsSharedRecordsFromExhaustingMemory)
 {
     CharacterData character = syntheticCharacter();
-    Image& big = character.images[0];
-    big.width = 4000;
-    big.height = 4000;
-    big.pixels = QByteArray(qsizetype(big.stride()) * big.height, char(10));
+    character.images[0] = {true, 4000, 4000, QByteArray(4000 * 4000, char(10)), {}};
     QByteArray file = writeAcs(character);
     const Locator record{std::uint32_t(imageRecord(file, 0)),
                          u32At(file, u32At(file, ImageListLocatorAt) + 8)};

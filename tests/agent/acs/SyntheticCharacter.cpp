@@ -32,10 +32,7 @@ QByteArray makeWave(int samples)
 
 Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint16_t duration)
 {
-    Frame frame;
-    frame.images.push_back({image, x, y});
-    frame.duration = duration;
-    return frame;
+    return {{{image, x, y}}, -1, duration, -2, {}, {}};
 }
 
 Animation greet()

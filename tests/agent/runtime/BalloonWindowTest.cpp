@@ -10,8 +10,7 @@ namespace
 
 TEST(BalloonWindowTest, FixedToLinesAndCharactersPerLineOrSizedToTheText)
 {
-    acs::BalloonInfo style;
-    style.lines = 2;
+    acs::BalloonInfo style; // two lines
     style.charsPerLine = 20;
     const QString longText = QString(QStringLiteral("word ")).repeated(60);
     const int fixedWidth = BalloonWindow(style).width();
@@ -40,8 +39,7 @@ TEST(BalloonWindowTest, FixedToLinesAndCharactersPerLineOrSizedToTheText)
 // that the latest word heard is always in view.
 TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
 {
-    acs::BalloonInfo style;
-    style.lines = 2;
+    acs::BalloonInfo style; // two lines
     style.charsPerLine = 16;
     QStringList words;
     for (int i = 1; i <= 40; ++i)
