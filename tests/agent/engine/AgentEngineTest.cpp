@@ -44,10 +44,10 @@ protected:
         character.flags |= acs::flags::VoiceTts;
     }
 
-    platform::AgentCharacter& load()
+    EngineCharacter& load(const QString& id = QStringLiteral("G"))
     {
-        engine->Characters().Load("G", writeCharacterFile(folder, character));
-        return engine->Characters().Character("G");
+        engine->Characters().Load(id, writeCharacterFile(folder, character));
+        return engine->Characters().Character(id);
     }
 
     QTemporaryDir folder;
@@ -80,8 +80,7 @@ TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
     ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
     junk.write("this is not a character file at all, just some text");
     junk.close();
-    engine->Characters().Load("K", writeCharacterFile(folder, character));
-    platform::AgentCharacter& loaded = engine->Characters().Character("K");
+    platform::AgentCharacter& loaded = load("K");
 
     struct Case {
         const char* name;
@@ -108,11 +107,8 @@ TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
 
 TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
 {
-    const QString file = writeCharacterFile(folder, character);
-    engine->Characters().Load("G", file);
-    engine->Characters().Load("H", file);
-    EngineCharacter& g = engine->Characters().Character("G");
-    EngineCharacter& h = engine->Characters().Character("H");
+    EngineCharacter& g = load("G");
+    EngineCharacter& h = load("H");
     g.Show(true);
     h.Show(true);
     const std::vector<platform::Request> requests = {
@@ -142,8 +138,7 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
 
 TEST_F(AgentEngineTest, EventsWaitForTheEventLoopNeedASinkAndMayThrow)
 {
-    load();
-    EngineCharacter& loaded = engine->Characters().Character("G");
+    EngineCharacter& loaded = load();
     loaded.Show(true);
     EXPECT_TRUE(events.events.isEmpty());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !events.events.isEmpty(); }, 5000));

@@ -190,16 +190,14 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
     QSignalSpy idle(&runtime(), &CharacterRuntime::idleStarted);
     runtime().setIdleOn(true);
     ASSERT_TRUE(waitFinished(runtime().show(true)));
-    const std::set<QRgb> seen = coloursSeen(0, 0, [&] {
-        return runtime().window().picture().pixel(0, 0) == rgba(Blue) && idle.size() > 0;
-    });
+    const std::set<QRgb> seen =
+        coloursSeen(0, 0, [&] { return pixel(0, 0) == rgba(Blue) && idle.size() > 0; });
     EXPECT_EQ(idle.size(), 1);
     EXPECT_TRUE(seen.count(rgba(Red))) << "level 1";
     EXPECT_TRUE(seen.count(rgba(Green))) << "level 2";
 
     runtime().setIdleOn(false);
-    const platform::Request wave = runtime().play(animation("Wave"));
-    ASSERT_TRUE(waitFinished(wave));
+    ASSERT_TRUE(waitFinished(runtime().play(animation("Wave"))));
     idle.clear();
     const auto control = make(speech);
     QSignalSpy controlIdle(control.get(), &CharacterRuntime::idleStarted);
