@@ -56,10 +56,7 @@ Animation greet()
              .centerX = 31,
              .centerY = std::uint16_t(40 + mouth),
              .region = mouth == 6 ? QByteArray::fromHex("2000000001000000") : QByteArray()});
-    Frame blank;
-    blank.duration = 0;
-    blank.exitFrame = -1;
-    animation.frames.push_back(blank);
+    animation.frames.push_back({{}, -1, 0, -1, {}, {}}); // blank and never shown: no duration
     return animation;
 }
 

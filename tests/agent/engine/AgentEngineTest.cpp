@@ -37,15 +37,13 @@ protected:
         engine = std::make_unique<AgentEngine>(std::move(speechOutput), std::move(recognizerInput),
                                                options);
         engine->setEventSink(&events);
-        character = runtime::testing::fullCharacter();
-        character.voice = acs::VoiceInfo{};
-        character.voice->pitch = 133;
-        character.voice->speed = 177;
-        character.flags |= acs::flags::VoiceTts;
     }
 
     EngineCharacter& load(const QString& id = QStringLiteral("G"))
     {
+        acs::CharacterData character = runtime::testing::fullCharacter();
+        character.voice = acs::VoiceInfo{{}, {}, 177, 133, {}}; // words a minute, Hz
+        character.flags |= acs::flags::VoiceTts;
         engine->Characters().Load(id, writeCharacterFile(folder, character));
         return engine->Characters().Character(id);
     }
@@ -54,7 +52,6 @@ protected:
     FakeSpeechOutput* speech = nullptr;
     FakeRecognizer* recognizer = nullptr;
     RecordingEvents events;
-    acs::CharacterData character;
     std::unique_ptr<AgentEngine> engine;
 };
 

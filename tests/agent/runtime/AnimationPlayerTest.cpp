@@ -177,9 +177,8 @@ TEST(FrameSequencerTest, BranchesFollowTheirProbabilities)
     for (int i = 0; i < draws; ++i)
         ++taken[sequencer::nextFrame(branching, 1, random)];
     ASSERT_EQ(taken.size(), 3u);
-    EXPECT_NEAR(taken[4] / double(draws), 0.30, 0.015);
-    EXPECT_NEAR(taken[0] / double(draws), 0.50, 0.015);
-    EXPECT_NEAR(taken[2] / double(draws), 0.20, 0.015);
+    for (const auto& [next, share] : {std::pair{4, 0.30}, {0, 0.50}, {2, 0.20}})
+        EXPECT_NEAR(taken[next] / double(draws), share, 0.015) << next;
 }
 
 struct ExitCase {
