@@ -98,7 +98,22 @@ TEST(AcsReaderErrors, RefusesEveryTruncation)
         EXPECT_THROW(readAcs(file.left(size)), FormatError) << "truncated to " << size;
 }
 
-TEST(AcsReaderErrors, NamesOtherFormats)
+// The synthetic character's file with bytes patched, or written after an edit.
+QByteArray patched(const std::function<void(QByteArray&)>& patch)
+{
+    QByteArray file = writeAcs(syntheticCharacter());
+    patch(file);
+    return file;
+}
+
+QByteArray edited(const std::function<void(CharacterData&)>& edit)
+{
+    CharacterData character = syntheticCharacter();
+    edit(character);
+    return writeAcs(character);
+}
+
+TEST(AcsReaderErrors, NamesOtherFormatsCorruptStructuresAndValuesOutsideTheirLists)
 {
     const QByteArray body(64, '\0');
     const std::pair<QByteArray, const char*> cases[] = {
@@ -110,59 +125,36 @@ TEST(AcsReaderErrors, NamesOtherFormats)
         {QByteArray("RIFF") + body, "not a character file (signature 0x46464952)"},
         {QByteArray("AB"), "file of 2 bytes is too short"},
         {QByteArray::fromHex("C3ABCDAB0000"), "header: file of 6 bytes ends inside"},
+        {patched([](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); }),
+         "animation list: locator beyond end of file"},
+        {patched([](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); }),
+         "image list: 4294967295 entries cannot fit"},
+        {patched([](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; }),
+         "image list: image 1: compressed data does not start with 0x00"},
+        {patched([](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); }),
+         "image list: image 1: pixel data: needs 2147483647 bytes"},
+        {edited([](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; }),
+         "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
+        {edited([](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; }),
+         "frame 3: image 99 out of range"},
+        {edited([](CharacterData& c) { c.animations[2].frames[0].sound = 2; }),
+         "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
+        {edited([](CharacterData& c) { c.animations[2].frames[0].sound = -3; }),
+         "sound -3 out of range"},
+        {edited([](CharacterData& c) { c.animations[3].transition = Transition(3); }),
+         "animation 3 \"ReadReturn\": unknown transition type 3"},
+        {edited([](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); }),
+         "frame 3: overlay 1: unknown mouth type 7"},
     };
     for (const auto& [file, message] : cases)
         expectError(file, message);
 }
 
-TEST(AcsReaderErrors, ExplainsCorruptStructures)
-{
-    const QByteArray good = writeAcs(syntheticCharacter());
-    const std::pair<std::function<void(QByteArray&)>, const char*> cases[] = {
-        {[](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); },
-         "animation list: locator beyond end of file"},
-        {[](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); },
-         "image list: 4294967295 entries cannot fit"},
-        {[](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
-         "image list: image 1: compressed data does not start with 0x00"},
-        {[](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
-         "image list: image 1: pixel data: needs 2147483647 bytes"},
-    };
-    for (const auto& [corrupt, message] : cases) {
-        QByteArray file = good;
-        corrupt(file);
-        expectError(file, message);
-    }
-}
-
-TEST(AcsReaderErrors, RefusesValuesOutsideTheirLists)
-{
-    const std::pair<std::function<void(CharacterData&)>, const char*> cases[] = {
-        {[](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; },
-         "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
-        {[](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; },
-         "frame 3: image 99 out of range"},
-        {[](CharacterData& c) { c.animations[2].frames[0].sound = 2; },
-         "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
-        {[](CharacterData& c) { c.animations[2].frames[0].sound = -3; }, "sound -3 out of range"},
-        {[](CharacterData& c) { c.animations[3].transition = Transition(3); },
-         "animation 3 \"ReadReturn\": unknown transition type 3"},
-        {[](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); },
-         "frame 3: overlay 1: unknown mouth type 7"},
-    };
-    for (const auto& [corrupt, message] : cases) {
-        CharacterData character = syntheticCharacter();
-        corrupt(character);
-        expectError(writeAcs(character), message);
-    }
-}
-
 TEST(AcsReaderErrors, ReadsShortImageRecordsAsPlaceholders)
 {
-    QByteArray file = writeAcs(syntheticCharacter());
-    const qsizetype entry = u32At(file, ImageListLocatorAt) + 4 + 12 * 2;
-    putU32(file, entry + 4, 9);
-    const CharacterData character = readAcs(file);
+    // Image 2's list entry gives its record a size of 9 bytes.
+    const CharacterData character = readAcs(
+        patched([](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt) + 8 + 12 * 2, 9); }));
     EXPECT_FALSE(character.images[2].present);
     EXPECT_TRUE(character.images[1].present);
 }
