@@ -2,7 +2,6 @@
 
 #include "EngineTestSupport.h"
 #include "FakeSpeechOutput.h"
-#include "RequestWait.h"
 #include "TestCharacter.h"
 #include "agent/EngineSettings.h"
 #include "agent/engine/EngineErrors.h"

@@ -1,6 +1,5 @@
 #include "EngineTestSupport.h"
 #include "PrivateSoundServer.h"
-#include "RequestWait.h"
 #include "SpeechAudio.h"
 #include "TestCharacter.h"
 #include "agent/engine/AgentEngine.h"

@@ -1,7 +1,6 @@
 #include "agent/runtime/CharacterRuntime.h"
 
 #include "FakeSpeechOutput.h"
-#include "RequestWait.h"
 #include "TestCharacter.h"
 #include "agent/runtime/BalloonWindow.h"
 #include "agent/runtime/CharacterLookup.h"

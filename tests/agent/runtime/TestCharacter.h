@@ -1,14 +1,16 @@
 #pragma once
 
 #include "agent/acs/CharacterData.h"
+#include "platform/Agent.h"
 
 #include <QColor>
+#include <QTest>
 #include <initializer_list>
 #include <tuple>
 #include <vector>
 
 // Characters built in memory for the runtime and engine tests, with a few plain colours so
-// that a test can tell from one pixel which layer it sees.
+// that a test can tell from one pixel which layer it sees, and waits on their requests.
 namespace agent::runtime::testing
 {
 
@@ -102,6 +104,19 @@ inline acs::CharacterData fullCharacter()
     character.animations.push_back(animation(QStringLiteral("RestPose"), {rest}));
     character.states.push_back({QStringLiteral("Speaking"), {QStringLiteral("RestPose")}});
     return character;
+}
+
+// True once the request has run: complete, failed or interrupted.
+inline bool isFinished(const platform::Request& request)
+{
+    const int status = request->Status();
+    return status != platform::AgentRequest::Pending &&
+           status != platform::AgentRequest::InProgress;
+}
+
+inline bool waitFinished(const platform::Request& request, int timeoutMs = 5000)
+{
+    return QTest::qWaitFor([&request] { return isFinished(request); }, timeoutMs);
 }
 
 } // namespace agent::runtime::testing
