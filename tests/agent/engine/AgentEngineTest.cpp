@@ -78,13 +78,7 @@ TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
     junk.close();
     platform::AgentCharacter& loaded = load("K");
 
-    struct Case {
-        const char* name;
-        std::function<void()> call;
-        std::int32_t number;
-        const char* mentions;
-    };
-    const std::vector<Case> cases = {
+    const std::tuple<const char*, std::function<void()>, std::int32_t, const char*> cases[] = {
         {"missing file", [&] { engine->Characters().Load("G", folder.filePath("none.acs")); },
          errors::CharacterFileMissing, "none.acs"},
         {"not a character file", [&] { engine->Characters().Load("G", junk.fileName()); },
@@ -93,10 +87,10 @@ TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
          "X"},
         {"unknown animation", [&] { loaded.Play("Dance"); }, errors::AnimationNotFound, "Dance"},
     };
-    for (const Case& test : cases) {
-        const platform::RuntimeError error = errorOf(test.call);
-        EXPECT_EQ(error.Number, test.number) << test.name;
-        EXPECT_TRUE(error.Description.contains(QString::fromLatin1(test.mentions))) << test.name;
+    for (const auto& [name, call, number, mentions] : cases) {
+        const platform::RuntimeError error = errorOf(call);
+        EXPECT_EQ(error.Number, number) << name;
+        EXPECT_TRUE(error.Description.contains(QString::fromLatin1(mentions))) << name;
     }
     engine->Characters().Unload("X");
 }

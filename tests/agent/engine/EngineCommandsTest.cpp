@@ -78,28 +78,22 @@ TEST(EngineCommandsTest, PopupMenuEntries)
     commands.Add(" ", " ", {}, false, true);
     commands.Add(" 1", "Editor", {}, true, true);
 
-    struct Case {
-        const char* name;
-        bool groupVisible;
-        QStringList expected;
-    };
-    const std::vector<Case> cases = {
-        {"visible group",
-         true,
+    const std::pair<bool, QStringList> cases[] = {
+        {true,
          {"Read From Clip Board", "Notes && Reminders (grey)", "----", "Editor", "----", "Hide"}},
-        {"hidden group", false, {"Hide"}},
+        {false, {"Hide"}},
     };
-    for (const Case& test : cases) {
-        commands.setVisible(test.groupVisible);
+    for (const auto& [groupVisible, expected] : cases) {
+        commands.setVisible(groupVisible);
         QStringList picked;
         int hides = 0;
         const auto menu = makePopupMenu(
             popupEntries(commands), [&picked](const QString& name) { picked << name; },
             [&hides] { ++hides; });
-        EXPECT_EQ(menuTexts(*menu), test.expected) << test.name;
+        EXPECT_EQ(menuTexts(*menu), expected) << "group visible: " << groupVisible;
         for (QAction* action : menu->actions())
             action->trigger();
-        EXPECT_EQ(hides, 1) << test.name;
-        EXPECT_EQ(picked, test.groupVisible ? QStringList({"Clip", " 1"}) : QStringList());
+        EXPECT_EQ(hides, 1) << groupVisible;
+        EXPECT_EQ(picked, groupVisible ? QStringList({"Clip", " 1"}) : QStringList());
     }
 }

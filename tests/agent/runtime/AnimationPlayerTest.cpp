@@ -181,27 +181,20 @@ TEST(FrameSequencerTest, BranchesFollowTheirProbabilities)
         EXPECT_NEAR(taken[next] / double(draws), share, 0.015) << next;
 }
 
-struct ExitCase {
-    const char* name;
-    std::vector<std::int16_t> exits;
-    int from;
-    std::vector<int> path;
-};
-
 TEST(FrameSequencerTest, ExitPathsEnd)
 {
-    const std::vector<ExitCase> cases = {
+    const std::tuple<const char*, std::vector<std::int16_t>, int, std::vector<int>> cases[] = {
         {"no exit branches: the following frames", {-2, -2, -2, -2}, 1, {2, 3}},
         {"minus one also goes on", {-1, -1, -1}, 0, {1, 2}},
         {"exit to itself ends the path", {-2, 1, -2}, 1, {}},
         {"backwards to a blank end", {4, 0, 1, 2, -1}, 3, {2, 1, 0, 4}},
         {"exit past the end", {7, -2}, 0, {}},
     };
-    for (const ExitCase& test : cases) {
-        acs::Animation exiting = steps(int(test.exits.size()));
-        for (std::size_t i = 0; i < test.exits.size(); ++i)
-            exiting.frames[i].exitFrame = test.exits[i];
-        EXPECT_EQ(sequencer::exitPath(exiting, test.from), test.path) << test.name;
+    for (const auto& [name, exits, from, path] : cases) {
+        acs::Animation exiting = steps(int(exits.size()));
+        for (std::size_t i = 0; i < exits.size(); ++i)
+            exiting.frames[i].exitFrame = exits[i];
+        EXPECT_EQ(sequencer::exitPath(exiting, from), path) << name;
     }
     acs::Animation cycle = steps(3);
     for (int i = 0; i < 3; ++i)

@@ -135,38 +135,32 @@ TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
 
 TEST_F(CharacterRuntimeTest, BalloonFollowsTheCharactersStyleFlags)
 {
-    struct Case {
-        const char* name;
-        std::uint32_t flags;
-        bool wholeTextAtOnce;
-        bool staysAfterTheSpeech;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::uint32_t, bool, bool> cases[] = {
         {"paced, hidden after", 0, false, false},
         {"NOAUTOPACE", acs::flags::BalloonNoAutoPace, true, false},
         {"NOAUTOHIDE", acs::flags::BalloonNoAutoHide, false, true},
     };
     const QString text = QStringLiteral("one two three four");
-    for (const Case& test : cases) {
+    for (const auto& [name, flags, wholeTextAtOnce, staysAfterTheSpeech] : cases) {
         // A plain balloon speaking alongside shows when a balloon that stays has waited enough.
         FakeSpeechOutput controlSpeech{5};
         character.flags = 0;
         const auto control = make(controlSpeech);
-        character.flags = test.flags;
+        character.flags = flags;
         runtime_.reset();
         runtime().show(true);
         control->show(true);
         const platform::Request speak = runtime().speak(text);
         control->speak(text);
         ASSERT_TRUE(QTest::qWaitFor([this] { return runtime().balloonVisible(); }, 2000));
-        EXPECT_EQ(runtime().balloon().visibleText() == text, test.wholeTextAtOnce) << test.name;
+        EXPECT_EQ(runtime().balloon().visibleText() == text, wholeTextAtOnce) << name;
         ASSERT_TRUE(waitFinished(speak));
-        if (test.staysAfterTheSpeech) {
+        if (staysAfterTheSpeech) {
             ASSERT_TRUE(QTest::qWaitFor([&] { return !control->balloonVisible(); }, 2000));
-            EXPECT_TRUE(runtime().balloonVisible()) << test.name;
+            EXPECT_TRUE(runtime().balloonVisible()) << name;
         } else {
             EXPECT_TRUE(QTest::qWaitFor([this] { return !runtime().balloonVisible(); }, 2000))
-                << test.name;
+                << name;
         }
     }
 }

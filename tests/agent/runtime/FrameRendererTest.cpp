@@ -12,19 +12,6 @@ using namespace agent::runtime::testing;
 namespace
 {
 
-struct Probe {
-    int x;
-    int y;
-    Colour expected;
-};
-
-struct CompositionCase {
-    const char* name;
-    acs::Frame frame;
-    std::optional<acs::Mouth> mouth;
-    std::vector<Probe> probes;
-};
-
 // Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 an empty
 // placeholder, 7 a 3x2 image whose top row is transparent and bottom row White.
 std::shared_ptr<acs::CharacterData> character()
@@ -46,7 +33,9 @@ acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
 
 TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
 {
-    const std::vector<CompositionCase> cases = {
+    // Each case: the frame, the mouth drawn and the colours expected at (x, y).
+    using Probes = std::vector<std::tuple<int, int, Colour>>;
+    const std::tuple<const char*, acs::Frame, std::optional<acs::Mouth>, Probes> cases[] = {
         {"negative offsets clip",
          frame({{5, -2, -3}}),
          {},
@@ -75,12 +64,11 @@ TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
          {{0, 0, Red}, {10, 10, Blue}}},
     };
     const FrameRenderer renderer(character());
-    for (const CompositionCase& test : cases) {
-        const QImage picture = renderer.render(test.frame, test.mouth);
-        ASSERT_EQ(picture.size(), QSize(16, 16)) << test.name;
-        for (const Probe& probe : test.probes)
-            EXPECT_EQ(picture.pixel(probe.x, probe.y), rgba(probe.expected))
-                << test.name << " at " << probe.x << "," << probe.y;
+    for (const auto& [name, frame, mouth, probes] : cases) {
+        const QImage picture = renderer.render(frame, mouth);
+        ASSERT_EQ(picture.size(), QSize(16, 16)) << name;
+        for (const auto& [x, y, expected] : probes)
+            EXPECT_EQ(picture.pixel(x, y), rgba(expected)) << name << " at " << x << "," << y;
     }
 }
 
