@@ -37,16 +37,13 @@ TEST(CharacterInfoTest, LanguageIdsOfLocales)
 
 TEST(CharacterInfoTest, VoiceDefaultsWhenTheFileHasNone)
 {
-    const auto voiceOf = [](std::optional<acs::VoiceInfo> voice) {
+    // The engine's default marks, zeros, and no voice section at all.
+    const acs::VoiceInfo zeros{{}, {}, 0, 0, {}};
+    for (const auto& voice :
+         {std::optional(acs::VoiceInfo{}), std::optional(zeros), std::optional<acs::VoiceInfo>()}) {
         acs::CharacterData character;
         character.voice = voice;
         const VoiceDefaults result = characterVoice(character);
-        return std::pair(result.pitchHz, result.speedWpm);
-    };
-    acs::VoiceInfo zeros;
-    zeros.pitch = 0;
-    zeros.speed = 0;
-    for (const auto& defaults :
-         {std::optional(acs::VoiceInfo{}), std::optional(zeros), std::optional<acs::VoiceInfo>()})
-        EXPECT_EQ(voiceOf(defaults), std::pair(100, 150));
+        EXPECT_EQ(std::pair(result.pitchHz, result.speedWpm), std::pair(100, 150));
+    }
 }
