@@ -57,32 +57,29 @@ protected:
 TEST_F(AgentEngineTest, LoadedCharacterReportsItsPropertiesAndRunsItsRequests)
 {
     platform::AgentCharacter& loaded = load();
-    EXPECT_EQ(loaded.Name(), "Testy");
-    EXPECT_EQ(loaded.Pitch(), 133);
-    EXPECT_EQ(loaded.Speed(), 177);
+    EXPECT_EQ(std::tuple(loaded.Name(), loaded.Pitch(), loaded.Speed()),
+              std::tuple(u"Testy"_qs, 133, 177));
 
     loaded.Show(true);
     const platform::Request wave = loaded.Play("wAVE");
     const platform::Request speak = loaded.Speak("hello there");
     ASSERT_TRUE(runtime::testing::waitFinished(speak));
     EXPECT_EQ(wave->Status(), Status::Complete) << "names are found in any case";
-    EXPECT_EQ(speech->lastVoice.pitchHz, 133);
-    EXPECT_EQ(speech->lastVoice.speedWpm, 177);
+    EXPECT_EQ(std::pair(speech->lastVoice.pitchHz, speech->lastVoice.speedWpm),
+              std::pair(133, 177));
 }
 
 TEST_F(AgentEngineTest, LoadLookupAndPlayFailuresAreRunTimeErrors)
 {
-    QFile junk(folder.filePath("junk.acs"));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write("this is not a character file at all, just some text");
-    junk.close();
     platform::AgentCharacter& loaded = load("K");
+    const QString program = QCoreApplication::applicationFilePath();
 
     const std::tuple<const char*, std::function<void()>, std::int32_t, const char*> cases[] = {
         {"missing file", [&] { engine->Characters().Load("G", folder.filePath("none.acs")); },
          errors::CharacterFileMissing, "none.acs"},
-        {"not a character file", [&] { engine->Characters().Load("G", junk.fileName()); },
-         platform::errors::BadFileFormat, "junk.acs"},
+        {"not a character file (this test program)",
+         [&] { engine->Characters().Load("G", program); }, platform::errors::BadFileFormat,
+         "engine_test"},
         {"unknown id", [&] { engine->Characters().Character("X"); }, errors::CharacterNotLoaded,
          "X"},
         {"unknown animation", [&] { loaded.Play("Dance"); }, errors::AnimationNotFound, "Dance"},
@@ -119,10 +116,9 @@ TEST_F(AgentEngineTest, CharactersTakeTurnsOnTheOneSpeechChannel)
     // Each balloon shows its own character's words only: G's words start with g, H's with h.
     for (const auto& [saw, initial] : {std::pair{&gSaw, u'g'}, std::pair{&hSaw, u'h'}}) {
         EXPECT_GT(saw->size(), 2u);
-        for (const QString& text : *saw) {
+        for (const QString& text : *saw)
             for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts))
                 EXPECT_EQ(word.front(), initial) << text.toStdString();
-        }
     }
 }
 
