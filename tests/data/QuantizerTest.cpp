@@ -43,12 +43,10 @@ TEST(Quantizer, ReducesManyColoursToAPaletteCloseToThem)
 {
     // 4096 colours, with one flat colour far more frequent than the rest.
     QImage picture(64, 80, QImage::Format_ARGB32);
+    picture.fill(qRgb(169, 221, 240));
     for (int y = 0; y < 64; ++y)
         for (int x = 0; x < 64; ++x)
             picture.setPixel(x, y, qRgb(x * 4, y * 4, (x + y) * 2));
-    for (int y = 64; y < 80; ++y)
-        for (int x = 0; x < 64; ++x)
-            picture.setPixel(x, y, qRgb(169, 221, 240));
 
     const lumo::IndexedImages result = quantize({picture, picture.copy(0, 0, 7, 3)});
 

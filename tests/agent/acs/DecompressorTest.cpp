@@ -55,8 +55,8 @@ TEST(Decompressor, DecodesEachKindOfToken)
             out.append(i < distance ? char(i) : out.at(i - distance));
         return out;
     };
-    QByteArray region = QByteArray::fromHex("200000000100000000000000A8000000");
-    region.append(16, '\0');
+    const QByteArray region =
+        QByteArray::fromHex("200000000100000000000000A8000000") + QByteArray(16, '\0');
     const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
         {"the region header example",
          QByteArray::fromHex("00400004 10D09080 42ED9801 B7FFFFFF FFFFFF"), region},

@@ -101,8 +101,7 @@ TEST_F(CharacterRuntimeTest, RequestsWithNothingToDoOrThatCannotRun)
     runtime().show(true);
     requests.push_back(runtime().show(false));
     ASSERT_TRUE(waitFinished(requests.back()));
-    EXPECT_EQ(shown.size(), 1);
-    EXPECT_EQ(hidden.size(), 0);
+    EXPECT_EQ(std::pair(shown.size(), hidden.size()), (std::pair<qsizetype, qsizetype>(1, 0)));
     EXPECT_EQ(pixel(0, 0), rgba(Blue)) << "a fast show puts up the rest pose";
 
     speech.failNext = true;
