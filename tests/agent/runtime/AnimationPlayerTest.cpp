@@ -147,9 +147,8 @@ TEST_F(AnimationPlayerTest, AnEndedAnimationIsLeftOnceThroughItsWayBack)
     const acs::Animation explain =
         animation(QStringLiteral("Explain"), {step(1, 3), step(1, 0), step(1, 1), step(0, -1)},
                   acs::Transition::ExitBranches);
-    acs::Animation read =
-        animation(QStringLiteral("Read"), {step(1)}, acs::Transition::ReturnAnimation);
-    read.returnAnimation = QStringLiteral("READRETURN");
+    const acs::Animation read{
+        u"Read"_qs, acs::Transition::ReturnAnimation, u"READRETURN"_qs, {step(1)}};
     const acs::Animation readReturn = animation(QStringLiteral("ReadReturn"), {step(1), step(1)});
     const std::pair<std::vector<acs::Animation>, Shown> cases[] = {
         {{explain}, {{0, 1}, {0, 0}}},
