@@ -29,6 +29,21 @@ void expectError(const QByteArray& file, const char* message)
     EXPECT_NE(error.find(message), std::string::npos) << error;
 }
 
+// The synthetic character's file with bytes patched, or written after an edit.
+QByteArray patched(const std::function<void(QByteArray&)>& patch)
+{
+    QByteArray file = writeAcs(syntheticCharacter());
+    patch(file);
+    return file;
+}
+
+QByteArray edited(const std::function<void(CharacterData&)>& edit)
+{
+    CharacterData character = syntheticCharacter();
+    edit(character);
+    return writeAcs(character);
+}
+
 TEST(AcsRoundTrip, ReadsBackWhatWasWritten)
 {
     for (bool voice : {true, false})
@@ -83,12 +98,11 @@ TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)
 
 TEST(AcsRoundTrip, WriterRefusesWhatTheFileCannotState)
 {
-    CharacterData wrongSize = syntheticCharacter();
-    wrongSize.images[1].pixels.chop(1);
-    CharacterData tooManyBranches = syntheticCharacter();
-    tooManyBranches.animations[0].frames[0].branches.resize(256);
-    for (const CharacterData& character : {wrongSize, tooManyBranches})
-        EXPECT_THROW(writeAcs(character), FormatError);
+    const std::function<void(CharacterData&)> wrongSizeAndTooManyBranches[] = {
+        [](CharacterData& c) { c.images[1].pixels.chop(1); },
+        [](CharacterData& c) { c.animations[0].frames[0].branches.resize(256); }};
+    for (const auto& edit : wrongSizeAndTooManyBranches)
+        EXPECT_THROW(edited(edit), FormatError);
 }
 
 TEST(AcsReaderErrors, RefusesEveryTruncation)
@@ -96,21 +110,6 @@ TEST(AcsReaderErrors, RefusesEveryTruncation)
     const QByteArray file = writeAcs(syntheticCharacter());
     for (qsizetype size = 0; size < file.size(); ++size)
         EXPECT_THROW(readAcs(file.left(size)), FormatError) << "truncated to " << size;
-}
-
-// The synthetic character's file with bytes patched, or written after an edit.
-QByteArray patched(const std::function<void(QByteArray&)>& patch)
-{
-    QByteArray file = writeAcs(syntheticCharacter());
-    patch(file);
-    return file;
-}
-
-QByteArray edited(const std::function<void(CharacterData&)>& edit)
-{
-    CharacterData character = syntheticCharacter();
-    edit(character);
-    return writeAcs(character);
 }
 
 TEST(AcsReaderErrors, NamesOtherFormatsCorruptStructuresAndValuesOutsideTheirLists)
