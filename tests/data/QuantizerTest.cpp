@@ -54,7 +54,7 @@ TEST(Quantizer, ReducesManyColoursToAPaletteCloseToThem)
     const agent::acs::Image& image = result.images.front();
     EXPECT_EQ(result.palette[indexAt(image, 10, 70)], 0xA9DDF0u);
     int worst = 0;
-    for (int y = 0; y < 64; ++y) {
+    for (int y = 0; y < 64; ++y)
         for (int x = 0; x < 64; ++x) {
             const std::uint8_t index = indexAt(image, x, y);
             ASSERT_NE(index, lumo::transparentIndex);
@@ -64,7 +64,6 @@ TEST(Quantizer, ReducesManyColoursToAPaletteCloseToThem)
                               std::abs(qGreen(want) - int(got >> 8 & 0xFF)),
                               std::abs(qBlue(want) - int(got & 0xFF))});
         }
-    }
     EXPECT_LE(worst, 24);
     EXPECT_EQ(indexAt(result.images[1], 6, 2), indexAt(image, 6, 2)) << "images share one palette";
 }

@@ -17,7 +17,6 @@ using namespace agent::runtime::testing;
 namespace
 {
 
-// In opposite corners of the screen the balloon stays on it, its tail towards the character.
 TEST(BalloonPlacementTest, InTheCornersTheBalloonStaysOnScreenAndPointsAtTheCharacter)
 {
     QFile file(QStringLiteral(BUNDLED_CHARACTER));

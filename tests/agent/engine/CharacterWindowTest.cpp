@@ -43,8 +43,6 @@ QImage screenOnce(QPoint where, QRgb colour)
     return screen;
 }
 
-// The character on an X desktop: drawn where it stands, see-through around its shape, and
-// answering clicks, drags and its popup menu.
 TEST(CharacterWindowTest, StandsOnTheDesktopAndAnswersTheMouse)
 {
     ASSERT_EQ(QGuiApplication::platformName(), "xcb");
