@@ -75,12 +75,9 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     character.localizedInfo = {{0x0409, "Pim", u"A test character \U0001F600"_qs, "one^^two"},
                                {0x0007, "Pim", "Eine Testfigur", QString()}};
     if (options.voice) {
-        VoiceInfo voice;
-        voice.engine.bytes.fill(0xAB);
-        voice.speed = 157;
-        voice.pitch = 64;
-        voice.extra = VoiceExtra{0x0409, "Standard", 2, 30, "Business"};
-        character.voice = voice;
+        character.voice =
+            VoiceInfo{{}, {}, 157, 64, VoiceExtra{0x0409, "Standard", 2, 30, "Business"}};
+        character.voice->engine.bytes.fill(0xAB);
     }
     if (options.balloon) {
         BalloonInfo balloon;
@@ -112,8 +109,7 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     const Animation readReturn{u"ReadReturn"_qs, Transition::None, {}, {plainFrame(1, 0, 0, 10)}};
     character.animations = {greet(), idle, read, readReturn};
 
-    Image placeholder;
-    placeholder.present = false;
+    const Image placeholder{false, 0, 0, {}, {}};
     character.images = {makeImage(37, 29, 1), makeImage(13, 7, 2), makeImage(1, 1, 3),
                         placeholder,          makeImage(6, 5, 4),  makeImage(37, 29, 5),
                         makeImage(253, 2, 6)};
