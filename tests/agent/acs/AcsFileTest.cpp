@@ -1,7 +1,6 @@
 #include "agent/acs/AcsFile.h"
 
 #include "SyntheticCharacter.h"
-#include "agent/acs/ByteReader.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -165,16 +164,13 @@ TEST(AcsReaderErrors, StopsSharedRecordsFromExhaustingMemory)
     CharacterData character = syntheticCharacter();
     character.images[0] = {true, 4000, 4000, QByteArray(4000 * 4000, char(10)), {}};
     QByteArray file = writeAcs(character);
-    const Locator record{std::uint32_t(imageRecord(file, 0)),
-                         u32At(file, u32At(file, ImageListLocatorAt) + 8)};
+    QByteArray entry(12, '\0'); // image 0's list entry: its record's offset and size
+    putU32(entry, 0, std::uint32_t(imageRecord(file, 0)));
+    putU32(entry, 4, u32At(file, u32At(file, ImageListLocatorAt) + 8));
     const std::uint32_t list = std::uint32_t(file.size());
     constexpr std::uint32_t copies = 1000;
-    file.append(4 + 12 * copies, '\0');
+    file += QByteArray(4, '\0') + entry.repeated(copies);
     putU32(file, list, copies);
-    for (std::uint32_t i = 0; i < copies; ++i) {
-        putU32(file, list + 4 + 12 * i, record.offset);
-        putU32(file, list + 8 + 12 * i, record.size);
-    }
     putU32(file, ImageListLocatorAt, list);
     putU32(file, ImageListLocatorAt + 4, 4 + 12 * copies);
     expectError(file, "decoded data would exceed");
