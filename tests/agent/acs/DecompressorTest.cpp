@@ -3,8 +3,8 @@
 #include "agent/acs/AcsFile.h"
 #include "agent/acs/Compressor.h"
 
+#include <QRandomGenerator>
 #include <gtest/gtest.h>
-#include <random>
 
 using namespace agent::acs;
 
@@ -108,10 +108,8 @@ TEST(Decompressor, RefusesCorruptInput)
 
 TEST(Compressor, RoundTripsAndShrinksRepetitiveData)
 {
-    std::mt19937 random(7);
     QByteArray noise(20000, Qt::Uninitialized);
-    for (char& byte : noise)
-        byte = char(random());
+    QRandomGenerator(7).fillRange(reinterpret_cast<quint32*>(noise.data()), noise.size() / 4);
     QByteArray farRepeat = noise.left(6000);
     farRepeat += farRepeat;
     const std::tuple<const char*, QByteArray, double> cases[] = {
