@@ -96,11 +96,9 @@ inline acs::CharacterData fullCharacter()
         step.exitFrame = 3;
 
     acs::Frame rest = frame({{Blue - 1, 0, 0}, {White - 1, 0, 0}});
-    rest.exitFrame = -1;
-    const std::uint16_t mouthImage = std::uint16_t(character.images.size());
-    character.images.push_back(solidImage(8, 8, Black));
+    character.images.push_back(solidImage(8, 8, Black)); // image 5, after the five colours
     for (std::uint8_t mouth = 0; mouth < 7; ++mouth)
-        rest.overlays.push_back({acs::Mouth(mouth), false, mouthImage, 4, 4, 0, 0, {}});
+        rest.overlays.push_back({acs::Mouth(mouth), false, 5, 4, 4, 0, 0, {}});
     character.animations.push_back(animation(QStringLiteral("RestPose"), {rest}));
     character.states.push_back({QStringLiteral("Speaking"), {QStringLiteral("RestPose")}});
     return character;
