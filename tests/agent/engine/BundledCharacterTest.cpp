@@ -14,9 +14,6 @@ using namespace agent;
 using namespace agent::runtime;
 using namespace agent::runtime::testing;
 
-namespace
-{
-
 TEST(BalloonPlacementTest, InTheCornersTheBalloonStaysOnScreenAndPointsAtTheCharacter)
 {
     QFile file(QStringLiteral(BUNDLED_CHARACTER));
@@ -65,5 +62,3 @@ TEST(BalloonPlacementTest, InTheCornersTheBalloonStaysOnScreenAndPointsAtTheChar
         EXPECT_EQ(qAlpha(picture.pixel(0, 0)), 0) << "see-through around the shape";
     }
 }
-
-} // namespace

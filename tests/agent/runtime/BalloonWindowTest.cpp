@@ -5,9 +5,6 @@
 using namespace agent;
 using namespace agent::runtime;
 
-namespace
-{
-
 TEST(BalloonWindowTest, FixedToLinesAndCharactersPerLineOrSizedToTheText)
 {
     acs::BalloonInfo style; // two lines
@@ -66,5 +63,3 @@ TEST(BalloonWindowTest, LongTextScrollsWithTheWordsHeard)
         }
     }
 }
-
-} // namespace

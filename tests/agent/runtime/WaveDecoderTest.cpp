@@ -7,9 +7,6 @@
 
 using agent::runtime::decodeWave;
 
-namespace
-{
-
 constexpr double Hz = 1000;
 constexpr double HalfSecond = 22050 / 2.0;
 // sox's "vol 0.5"
@@ -45,5 +42,3 @@ TEST(WaveDecoderTest, DecodesTheSoundFormatsOfCharactersToTheEngineRate)
          {QByteArray(), QByteArray("RIFF\x10\0\0\0WAVEjunkjunk", 20), QByteArray(4000, '\x7f')})
         EXPECT_TRUE(decodeWave(junk).empty());
 }
-
-} // namespace
