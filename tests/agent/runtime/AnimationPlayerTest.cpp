@@ -12,19 +12,16 @@ using namespace agent;
 using namespace agent::runtime;
 using namespace agent::runtime::testing;
 
-namespace
-{
-
 using Shown = std::vector<std::pair<int, int>>;
 
-acs::Frame step(std::uint16_t duration, std::int16_t exit = -2)
+static acs::Frame step(std::uint16_t duration, std::int16_t exit = -2)
 {
     acs::Frame result = frame({{0, 0, 0}}, duration);
     result.exitFrame = exit;
     return result;
 }
 
-acs::Animation steps(int count)
+static acs::Animation steps(int count)
 {
     return animation(QStringLiteral("A"), std::vector<acs::Frame>(count, step(1)));
 }
@@ -218,5 +215,3 @@ TEST(FrameSequencerTest, TellsLoopingAnimationsAndSpeakingFrames)
     EXPECT_EQ(sequencer::speakingFrame(speaking), 2) << "only stored frame with overlays";
     EXPECT_EQ(sequencer::speakingFrame(steps(2)), std::nullopt);
 }
-
-} // namespace

@@ -16,9 +16,6 @@ using namespace agent::runtime;
 using namespace agent::runtime::testing;
 using Status = platform::AgentRequest;
 
-namespace
-{
-
 class CharacterRuntimeTest : public ::testing::Test
 {
 protected:
@@ -208,5 +205,3 @@ TEST_F(CharacterRuntimeTest, MovesSlideThroughTheDirectionAnimation)
     EXPECT_FALSE(seen.count(rgba(Green)));
     EXPECT_EQ(runtime().position(), QPoint(90, 25));
 }
-
-} // namespace

@@ -9,13 +9,10 @@ using namespace agent;
 using namespace agent::runtime;
 using namespace agent::runtime::testing;
 
-namespace
-{
-
 // Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 an empty
 // placeholder, 7 a 3x2 image whose top row is transparent and bottom row White, 8 a 4x4 Blue
 // square with a byte of its pixel data missing.
-std::shared_ptr<acs::CharacterData> character()
+static std::shared_ptr<acs::CharacterData> character()
 {
     auto data = std::make_shared<acs::CharacterData>(blankCharacter(16, 16));
     data->images.push_back(solidImage(4, 4, Blue));
@@ -28,7 +25,7 @@ std::shared_ptr<acs::CharacterData> character()
     return data;
 }
 
-acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
+static acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
 {
     frame.overlays.push_back({mouth, replace, 5, 10, 10, 0, 0, {}});
     return frame;
@@ -78,5 +75,3 @@ TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
             EXPECT_EQ(picture.pixel(x, y), rgba(expected)) << name << " at " << x << "," << y;
     }
 }
-
-} // namespace
