@@ -9,8 +9,7 @@
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
-namespace agent
-{
+using namespace agent;
 
 TEST(PropertySheetTest, OutputSwitchesDefaultOnAndAreSavedAtOnceInTheEnginesFile)
 {
@@ -59,5 +58,3 @@ TEST(PropertySheetTest, PagesAreSelectedByNameAndTheSpeechPageHostsTheGivenContr
     EXPECT_FALSE(sheet.setPage(u"Copyright"_qs));
     EXPECT_EQ(sheet.page(), u"Output"_qs);
 }
-
-} // namespace agent
