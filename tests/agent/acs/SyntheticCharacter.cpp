@@ -2,12 +2,10 @@
 
 namespace agent::acs::testing
 {
-namespace
-{
 
 constexpr std::uint8_t Transparent = 10;
 
-Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
+static Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
 {
     Image image;
     image.width = width;
@@ -21,7 +19,7 @@ Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
     return image;
 }
 
-QByteArray makeWave(int samples)
+static QByteArray makeWave(int samples)
 {
     QByteArray wave("RIFF....WAVEfmt ");
     wave += QByteArray::fromHex("10000000010001001f4000001f400000010008006461746100000000");
@@ -30,12 +28,12 @@ QByteArray makeWave(int samples)
     return wave;
 }
 
-Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint16_t duration)
+static Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint16_t duration)
 {
     return {{{image, x, y}}, -1, duration, -2, {}, {}};
 }
 
-Animation greet()
+static Animation greet()
 {
     Animation animation{u"Greet"_qs, Transition::ExitBranches, {}, {}};
     for (std::uint32_t i = 0; i < 4; ++i) {
@@ -59,8 +57,6 @@ Animation greet()
     animation.frames.push_back({{}, -1, 0, -1, {}, {}}); // blank and never shown: no duration
     return animation;
 }
-
-} // namespace
 
 CharacterData syntheticCharacter(const SyntheticOptions& options)
 {
