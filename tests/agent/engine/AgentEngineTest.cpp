@@ -9,7 +9,7 @@
 #include "agent/runtime/CharacterRuntime.h"
 #include "agent/sheet/PropertySheet.h"
 
-#include <QFile>
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>

@@ -5,7 +5,6 @@
 #include "agent/engine/AgentEngine.h"
 #include "agent/speech/EspeakSpeechOutput.h"
 
-#include <QFile>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
