@@ -34,10 +34,7 @@ protected:
         return *runtime_;
     }
 
-    int animation(const char* name) const
-    {
-        return findAnimation(character, QString::fromLatin1(name));
-    }
+    int animation(const char* name) const { return findAnimation(character, QLatin1String(name)); }
 
     QRgb pixel(int x, int y) { return runtime().window().picture().pixel(x, y); }
 
