@@ -62,8 +62,7 @@ TEST(BundledCharacter, IsSmallAndIntroducesItselfWithVoiceAndReadableBalloon)
 
     ASSERT_FALSE(character().localizedInfo.empty());
     const LocalizedInfo& info = character().localizedInfo.front();
-    EXPECT_EQ(info.name, "Lumo");
-    EXPECT_FALSE(info.description.isEmpty());
+    EXPECT_EQ(std::pair(info.name, info.description.isEmpty()), std::pair(u"Lumo"_qs, false));
     EXPECT_TRUE(character().voice.has_value());
     ASSERT_TRUE(character().balloon.has_value());
     const BalloonInfo& balloon = *character().balloon;

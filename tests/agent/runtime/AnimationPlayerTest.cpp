@@ -16,9 +16,7 @@ using Shown = std::vector<std::pair<int, int>>;
 
 static acs::Frame step(std::uint16_t duration, std::int16_t exit = -2)
 {
-    acs::Frame result = frame({{0, 0, 0}}, duration);
-    result.exitFrame = exit;
-    return result;
+    return {{{0, 0, 0}}, -1, duration, exit, {}, {}};
 }
 
 static acs::Animation steps(int count)
