@@ -9,13 +9,12 @@ TEST(BalloonWindowTest, FixedToLinesAndCharactersPerLineOrSizedToTheText)
 {
     acs::BalloonInfo style; // two lines
     style.charsPerLine = 20;
-    const QString longText = QString(QStringLiteral("word ")).repeated(60);
     const int fixedWidth = BalloonWindow(style).width();
     for (const std::uint32_t flags : {0u, acs::flags::BalloonSizeToText}) {
         BalloonWindow balloon(style, flags);
         balloon.setText(QStringLiteral("Hi"));
         const QSize shortText = balloon.size();
-        balloon.setText(longText);
+        balloon.setText(u"word "_qs.repeated(60));
         const QSize manyLines = balloon.size();
         balloon.setText(QStringLiteral("one two three four five six seven eight nine ten"));
         const QSize twoLines = balloon.size();
