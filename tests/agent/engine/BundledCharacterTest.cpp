@@ -22,7 +22,6 @@ TEST(BalloonPlacementTest, InTheCornersTheBalloonStaysOnScreenAndPointsAtTheChar
     ASSERT_TRUE(data->balloon);
     const acs::BalloonInfo& style = *data->balloon;
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const QSize size(data->width, data->height);
 
     const QString sentence = QStringLiteral(
         "Good morning! Today is Monday, the twenty-third of November, and the sky over the city "
@@ -32,7 +31,7 @@ TEST(BalloonPlacementTest, InTheCornersTheBalloonStaysOnScreenAndPointsAtTheChar
     for (const bool bottom : {false, true}) {
         SCOPED_TRACE(bottom ? "bottom-right" : "top-left");
         const QPoint topLeft =
-            bottom ? screen.bottomRight() + QPoint(1, 1) - QPoint(size.width(), size.height())
+            bottom ? screen.bottomRight() + QPoint(1, 1) - QPoint(data->width, data->height)
                    : screen.topLeft();
         FakeSpeechOutput speech(25);
         CharacterRuntime runtime(data, speech, {}, {}, 7);
