@@ -187,7 +187,6 @@ TEST_F(AgentEngineTest, SpeechFlagsAndThePropertySheet)
     EXPECT_FALSE(engine->AudioOutputEnabled());
     EXPECT_TRUE(engine->SpeechInputInstalled());
     recognizer->installed_ = false;
-    recognizer->enabled_ = false;
     EXPECT_FALSE(engine->SpeechInputInstalled());
     EXPECT_FALSE(engine->SpeechInputEnabled());
 
