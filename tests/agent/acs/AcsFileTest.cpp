@@ -1,7 +1,6 @@
 #include "agent/acs/AcsFile.h"
 
 #include "SyntheticCharacter.h"
-#include "agent/acs/ByteReader.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -20,13 +19,27 @@ qsizetype imageRecord(const QByteArray& file, std::uint32_t index)
 
 void expectError(const QByteArray& file, const char* message)
 {
-    std::string error = "no error";
     try {
         readAcs(file);
-    } catch (const FormatError& thrown) {
-        error = thrown.what();
+        ADD_FAILURE() << "no error, expected " << message;
+    } catch (const FormatError& error) {
+        EXPECT_NE(std::string(error.what()).find(message), std::string::npos) << error.what();
     }
-    EXPECT_NE(error.find(message), std::string::npos) << error;
+}
+
+// The synthetic character's file with bytes patched, or written after an edit.
+QByteArray patched(const std::function<void(QByteArray&)>& patch)
+{
+    QByteArray file = writeAcs(syntheticCharacter());
+    patch(file);
+    return file;
+}
+
+QByteArray edited(const std::function<void(CharacterData&)>& edit)
+{
+    CharacterData character = syntheticCharacter();
+    edit(character);
+    return writeAcs(character);
 }
 
 TEST(AcsRoundTrip, ReadsBackWhatWasWritten)
@@ -83,12 +96,11 @@ TEST(AcsRoundTrip, WriterKeepsFlagsInStepWithTheOptionalBlocks)
 
 TEST(AcsRoundTrip, WriterRefusesWhatTheFileCannotState)
 {
-    CharacterData wrongSize = syntheticCharacter();
-    wrongSize.images[1].pixels.chop(1);
-    CharacterData tooManyBranches = syntheticCharacter();
-    tooManyBranches.animations[0].frames[0].branches.resize(256);
-    for (const CharacterData& character : {wrongSize, tooManyBranches})
-        EXPECT_THROW(writeAcs(character), FormatError);
+    const std::function<void(CharacterData&)> wrongSizeAndTooManyBranches[] = {
+        [](CharacterData& c) { c.images[1].pixels.chop(1); },
+        [](CharacterData& c) { c.animations[0].frames[0].branches.resize(256); }};
+    for (const auto& edit : wrongSizeAndTooManyBranches)
+        EXPECT_THROW(edited(edit), FormatError);
 }
 
 TEST(AcsReaderErrors, RefusesEveryTruncation)
@@ -98,7 +110,7 @@ TEST(AcsReaderErrors, RefusesEveryTruncation)
         EXPECT_THROW(readAcs(file.left(size)), FormatError) << "truncated to " << size;
 }
 
-TEST(AcsReaderErrors, NamesOtherFormats)
+TEST(AcsReaderErrors, NamesOtherFormatsCorruptStructuresAndValuesOutsideTheirLists)
 {
     const QByteArray body(64, '\0');
     const std::pair<QByteArray, const char*> cases[] = {
@@ -110,59 +122,36 @@ TEST(AcsReaderErrors, NamesOtherFormats)
         {QByteArray("RIFF") + body, "not a character file (signature 0x46464952)"},
         {QByteArray("AB"), "file of 2 bytes is too short"},
         {QByteArray::fromHex("C3ABCDAB0000"), "header: file of 6 bytes ends inside"},
+        {patched([](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); }),
+         "animation list: locator beyond end of file"},
+        {patched([](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); }),
+         "image list: 4294967295 entries cannot fit"},
+        {patched([](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; }),
+         "image list: image 1: compressed data does not start with 0x00"},
+        {patched([](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); }),
+         "image list: image 1: pixel data: needs 2147483647 bytes"},
+        {edited([](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; }),
+         "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
+        {edited([](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; }),
+         "frame 3: image 99 out of range"},
+        {edited([](CharacterData& c) { c.animations[2].frames[0].sound = 2; }),
+         "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
+        {edited([](CharacterData& c) { c.animations[2].frames[0].sound = -3; }),
+         "sound -3 out of range"},
+        {edited([](CharacterData& c) { c.animations[3].transition = Transition(3); }),
+         "animation 3 \"ReadReturn\": unknown transition type 3"},
+        {edited([](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); }),
+         "frame 3: overlay 1: unknown mouth type 7"},
     };
     for (const auto& [file, message] : cases)
         expectError(file, message);
 }
 
-TEST(AcsReaderErrors, ExplainsCorruptStructures)
-{
-    const QByteArray good = writeAcs(syntheticCharacter());
-    const std::pair<std::function<void(QByteArray&)>, const char*> cases[] = {
-        {[](QByteArray& f) { putU32(f, 12, 0xFFFFFFF0); },
-         "animation list: locator beyond end of file"},
-        {[](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt), 0xFFFFFFFF); },
-         "image list: 4294967295 entries cannot fit"},
-        {[](QByteArray& f) { f[imageRecord(f, 1) + 10] = 1; },
-         "image list: image 1: compressed data does not start with 0x00"},
-        {[](QByteArray& f) { putU32(f, imageRecord(f, 1) + 6, 0x7FFFFFFF); },
-         "image list: image 1: pixel data: needs 2147483647 bytes"},
-    };
-    for (const auto& [corrupt, message] : cases) {
-        QByteArray file = good;
-        corrupt(file);
-        expectError(file, message);
-    }
-}
-
-TEST(AcsReaderErrors, RefusesValuesOutsideTheirLists)
-{
-    const std::pair<std::function<void(CharacterData&)>, const char*> cases[] = {
-        {[](CharacterData& c) { c.animations[1].frames[2].images[0].image = 7; },
-         "animation 1 \"Idle1_1\": frame 2: image 7 out of range (7 images)"},
-        {[](CharacterData& c) { c.animations[0].frames[3].overlays[6].image = 99; },
-         "frame 3: image 99 out of range"},
-        {[](CharacterData& c) { c.animations[2].frames[0].sound = 2; },
-         "animation 2 \"Read\": frame 0: sound 2 out of range (2 sounds)"},
-        {[](CharacterData& c) { c.animations[2].frames[0].sound = -3; }, "sound -3 out of range"},
-        {[](CharacterData& c) { c.animations[3].transition = Transition(3); },
-         "animation 3 \"ReadReturn\": unknown transition type 3"},
-        {[](CharacterData& c) { c.animations[0].frames[3].overlays[1].mouth = Mouth(7); },
-         "frame 3: overlay 1: unknown mouth type 7"},
-    };
-    for (const auto& [corrupt, message] : cases) {
-        CharacterData character = syntheticCharacter();
-        corrupt(character);
-        expectError(writeAcs(character), message);
-    }
-}
-
 TEST(AcsReaderErrors, ReadsShortImageRecordsAsPlaceholders)
 {
-    QByteArray file = writeAcs(syntheticCharacter());
-    const qsizetype entry = u32At(file, ImageListLocatorAt) + 4 + 12 * 2;
-    putU32(file, entry + 4, 9);
-    const CharacterData character = readAcs(file);
+    // Image 2's list entry gives its record a size of 9 bytes.
+    const CharacterData character = readAcs(
+        patched([](QByteArray& f) { putU32(f, u32At(f, ImageListLocatorAt) + 8 + 12 * 2, 9); }));
     EXPECT_FALSE(character.images[2].present);
     EXPECT_TRUE(character.images[1].present);
 }
@@ -172,21 +161,15 @@ TEST(AcsReaderErrors, ReadsShortImageRecordsAsPlaceholders)
 TEST(AcsReaderErrors, StopsSharedRecordsFromExhaustingMemory)
 {
     CharacterData character = syntheticCharacter();
-    Image& big = character.images[0];
-    big.width = 4000;
-    big.height = 4000;
-    big.pixels = QByteArray(qsizetype(big.stride()) * big.height, char(10));
+    character.images[0] = {true, 4000, 4000, QByteArray(4000 * 4000, char(10)), {}};
     QByteArray file = writeAcs(character);
-    const Locator record{std::uint32_t(imageRecord(file, 0)),
-                         u32At(file, u32At(file, ImageListLocatorAt) + 8)};
+    QByteArray entry(12, '\0'); // image 0's list entry: its record's offset and size
+    putU32(entry, 0, std::uint32_t(imageRecord(file, 0)));
+    putU32(entry, 4, u32At(file, u32At(file, ImageListLocatorAt) + 8));
     const std::uint32_t list = std::uint32_t(file.size());
     constexpr std::uint32_t copies = 1000;
-    file.append(4 + 12 * copies, '\0');
+    file += QByteArray(4, '\0') + entry.repeated(copies);
     putU32(file, list, copies);
-    for (std::uint32_t i = 0; i < copies; ++i) {
-        putU32(file, list + 4 + 12 * i, record.offset);
-        putU32(file, list + 8 + 12 * i, record.size);
-    }
     putU32(file, ImageListLocatorAt, list);
     putU32(file, ImageListLocatorAt + 4, 4 + 12 * copies);
     expectError(file, "decoded data would exceed");

@@ -3,8 +3,8 @@
 #include "agent/acs/AcsFile.h"
 #include "agent/acs/Compressor.h"
 
+#include <QRandomGenerator>
 #include <gtest/gtest.h>
-#include <random>
 
 using namespace agent::acs;
 
@@ -55,8 +55,8 @@ TEST(Decompressor, DecodesEachKindOfToken)
             out.append(i < distance ? char(i) : out.at(i - distance));
         return out;
     };
-    QByteArray region = QByteArray::fromHex("200000000100000000000000A8000000");
-    region.append(16, '\0');
+    const QByteArray region =
+        QByteArray::fromHex("200000000100000000000000A8000000") + QByteArray(16, '\0');
     const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
         {"the region header example",
          QByteArray::fromHex("00400004 10D09080 42ED9801 B7FFFFFF FFFFFF"), region},
@@ -108,18 +108,14 @@ TEST(Decompressor, RefusesCorruptInput)
 
 TEST(Compressor, RoundTripsAndShrinksRepetitiveData)
 {
-    std::mt19937 random(7);
     QByteArray noise(20000, Qt::Uninitialized);
-    for (char& byte : noise)
-        byte = char(random());
-    QByteArray farRepeat = noise.left(6000);
-    farRepeat += farRepeat;
+    QRandomGenerator(7).fillRange(reinterpret_cast<quint32*>(noise.data()), noise.size() / 4);
     const std::tuple<const char*, QByteArray, double> cases[] = {
         {"empty", QByteArray(), 100},
         {"one byte", QByteArray(1, 'q'), 100},
         {"noise", noise, 1.2},
         {"long run", QByteArray(100000, char(10)), 0.01},
-        {"repeat beyond 4672 bytes", farRepeat, 0.6},
+        {"repeat beyond 4672 bytes", noise.left(6000).repeated(2), 0.6},
     };
     for (const auto& [name, input, maxRatio] : cases) {
         const QByteArray packed = compress(input);

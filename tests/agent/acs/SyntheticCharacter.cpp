@@ -2,12 +2,10 @@
 
 namespace agent::acs::testing
 {
-namespace
-{
 
 constexpr std::uint8_t Transparent = 10;
 
-Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
+static Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
 {
     Image image;
     image.width = width;
@@ -21,7 +19,7 @@ Image makeImage(std::uint16_t width, std::uint16_t height, std::uint8_t seed)
     return image;
 }
 
-QByteArray makeWave(int samples)
+static QByteArray makeWave(int samples)
 {
     QByteArray wave("RIFF....WAVEfmt ");
     wave += QByteArray::fromHex("10000000010001001f4000001f400000010008006461746100000000");
@@ -30,15 +28,12 @@ QByteArray makeWave(int samples)
     return wave;
 }
 
-Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint16_t duration)
+static Frame plainFrame(std::uint32_t image, std::int16_t x, std::int16_t y, std::uint16_t duration)
 {
-    Frame frame;
-    frame.images.push_back({image, x, y});
-    frame.duration = duration;
-    return frame;
+    return {{{image, x, y}}, -1, duration, -2, {}, {}};
 }
 
-Animation greet()
+static Animation greet()
 {
     Animation animation{u"Greet"_qs, Transition::ExitBranches, {}, {}};
     for (std::uint32_t i = 0; i < 4; ++i) {
@@ -59,14 +54,9 @@ Animation greet()
              .centerX = 31,
              .centerY = std::uint16_t(40 + mouth),
              .region = mouth == 6 ? QByteArray::fromHex("2000000001000000") : QByteArray()});
-    Frame blank;
-    blank.duration = 0;
-    blank.exitFrame = -1;
-    animation.frames.push_back(blank);
+    animation.frames.push_back({{}, -1, 0, -1, {}, {}}); // blank and never shown: no duration
     return animation;
 }
-
-} // namespace
 
 CharacterData syntheticCharacter(const SyntheticOptions& options)
 {
@@ -81,12 +71,9 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     character.localizedInfo = {{0x0409, "Pim", u"A test character \U0001F600"_qs, "one^^two"},
                                {0x0007, "Pim", "Eine Testfigur", QString()}};
     if (options.voice) {
-        VoiceInfo voice;
-        voice.engine.bytes.fill(0xAB);
-        voice.speed = 157;
-        voice.pitch = 64;
-        voice.extra = VoiceExtra{0x0409, "Standard", 2, 30, "Business"};
-        character.voice = voice;
+        character.voice =
+            VoiceInfo{{}, {}, 157, 64, VoiceExtra{0x0409, "Standard", 2, 30, "Business"}};
+        character.voice->engine.bytes.fill(0xAB);
     }
     if (options.balloon) {
         BalloonInfo balloon;
@@ -118,8 +105,7 @@ CharacterData syntheticCharacter(const SyntheticOptions& options)
     const Animation readReturn{u"ReadReturn"_qs, Transition::None, {}, {plainFrame(1, 0, 0, 10)}};
     character.animations = {greet(), idle, read, readReturn};
 
-    Image placeholder;
-    placeholder.present = false;
+    const Image placeholder{false, 0, 0, {}, {}};
     character.images = {makeImage(37, 29, 1), makeImage(13, 7, 2), makeImage(1, 1, 3),
                         placeholder,          makeImage(6, 5, 4),  makeImage(37, 29, 5),
                         makeImage(253, 2, 6)};

@@ -14,19 +14,15 @@ TEST(CharacterInfoTest, NameFollowsTheUsersLanguage)
         {0x0409, " Bob ", {}, {}},
         {0x0C07, "Franz", {}, {}},
     };
-    struct Case {
-        std::uint16_t language;
-        const char* expected;
-    };
-    const Case cases[] = {
+    const std::pair<std::uint16_t, const char*> cases[] = {
         {0x0C07, "Franz"}, // exact
         {0x0807, "Kurt"},  // same primary language, first of them
         {0x040C, "Colin"}, // no French: the first English entry
         {0, "Colin"},
     };
-    for (const Case& test : cases)
-        EXPECT_EQ(characterName(names, test.language), QString::fromLatin1(test.expected))
-            << std::hex << test.language;
+    for (const auto& [language, expected] : cases)
+        EXPECT_EQ(characterName(names, language), QString::fromLatin1(expected))
+            << std::hex << language;
     EXPECT_EQ(characterName({{0x0411, "Taro", {}, {}}}, 0x0407), "Taro");
     EXPECT_EQ(characterName({}, 0x0409), QString());
     EXPECT_EQ(characterName({names[2]}, 0x0409), "Bob");
@@ -41,16 +37,13 @@ TEST(CharacterInfoTest, LanguageIdsOfLocales)
 
 TEST(CharacterInfoTest, VoiceDefaultsWhenTheFileHasNone)
 {
-    const auto voiceOf = [](std::optional<acs::VoiceInfo> voice) {
+    // The engine's default marks, zeros, and no voice section at all.
+    const acs::VoiceInfo zeros{{}, {}, 0, 0, {}};
+    for (const auto& voice :
+         {std::optional(acs::VoiceInfo{}), std::optional(zeros), std::optional<acs::VoiceInfo>()}) {
         acs::CharacterData character;
         character.voice = voice;
         const VoiceDefaults result = characterVoice(character);
-        return std::pair(result.pitchHz, result.speedWpm);
-    };
-    acs::VoiceInfo zeros;
-    zeros.pitch = 0;
-    zeros.speed = 0;
-    for (const auto& defaults :
-         {std::optional(acs::VoiceInfo{}), std::optional(zeros), std::optional<acs::VoiceInfo>()})
-        EXPECT_EQ(voiceOf(defaults), std::pair(100, 150));
+        EXPECT_EQ(std::pair(result.pitchHz, result.speedWpm), std::pair(100, 150));
+    }
 }

@@ -19,19 +19,15 @@ class FakeRecognizer : public SpeechRecognizer
 {
     Q_OBJECT
 public:
+    // Installed and switched on, or neither.
     bool installed() const override { return installed_; }
-    bool enabled() const override { return enabled_; }
+    bool enabled() const override { return installed_; }
     void setPhrases(const std::vector<VoicePhrase>& list) override { phrases = list; }
-    QWidget* createSettingsPage() override
-    {
-        auto* page = new QWidget;
-        page->setObjectName(QStringLiteral("speech input controls"));
-        return page;
-    }
+    QWidget* createSettingsPage() override { return settingsPage = new QWidget; }
 
     bool installed_ = true;
-    bool enabled_ = true;
     std::vector<VoicePhrase> phrases;
+    QWidget* settingsPage = nullptr;
 };
 
 // Records every event as one line of text, e.g. "Show G 0" or "Command Time".

@@ -1,12 +1,10 @@
 #include "EngineTestSupport.h"
 #include "PrivateSoundServer.h"
-#include "RequestWait.h"
 #include "SpeechAudio.h"
 #include "TestCharacter.h"
 #include "agent/engine/AgentEngine.h"
 #include "agent/speech/EspeakSpeechOutput.h"
 
-#include <QFile>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
@@ -16,14 +14,11 @@ using namespace agent::engine::testing;
 using agent::runtime::testing::waitFinished;
 using Status = platform::AgentRequest;
 
-namespace
-{
-
 constexpr double FirstHz = 1000;
 constexpr double SecondHz = 2500;
 
 // True when the tone stands far above its neighbourhood in the recording.
-bool toneHeard(const std::vector<qint16>& heard, double hz)
+static bool toneHeard(const std::vector<qint16>& heard, double hz)
 {
     const double level = speechtest::toneLevel(heard, hz);
     return level > 300 && level > 10 * speechtest::toneLevel(heard, hz * 1.37);
@@ -93,5 +88,3 @@ TEST(FrameSoundTest, SoundsOfTheShowAnimationAreHeardWithTheSpeech)
         }
     }
 }
-
-} // namespace

@@ -3,6 +3,7 @@
 #include "TestCharacter.h"
 #include "agent/runtime/FrameSequencer.h"
 
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <map>
@@ -11,52 +12,50 @@ using namespace agent;
 using namespace agent::runtime;
 using namespace agent::runtime::testing;
 
-namespace
-{
-
 using Shown = std::vector<std::pair<int, int>>;
 
-// A player that records the frames it shows and the sounds it cues.
-struct Recorder {
-    Recorder(std::shared_ptr<const acs::CharacterData> data, RandomSource& random)
-        : player(std::move(data), random)
-    {
-        QObject::connect(&player, &AnimationPlayer::frameShown, [this](int animation, int frame) {
-            shown.emplace_back(animation, frame);
-        });
-        QObject::connect(&player, &AnimationPlayer::soundCue,
-                         [this](int sound) { sounds.push_back(sound); });
-    }
+static acs::Frame step(std::uint16_t duration, std::int16_t exit = -2)
+{
+    return {{{0, 0, 0}}, -1, duration, exit, {}, {}};
+}
 
-    AnimationPlayer player;
-    Shown shown;
-    std::vector<int> sounds;
-};
+static acs::Animation steps(int count)
+{
+    return animation(QStringLiteral("A"), std::vector<acs::Frame>(count, step(1)));
+}
 
 class AnimationPlayerTest : public ::testing::Test
 {
 protected:
-    // Builds the player over the given animations; frames show image 0.
+    // Builds a player over the given animations that records the frames it shows and the
+    // sounds it cues; frames show image 0.
     void load(std::vector<acs::Animation> animations)
     {
         auto character = std::make_shared<acs::CharacterData>(blankCharacter(8, 8));
         character->animations = std::move(animations);
         data = character;
-        rec = std::make_unique<Recorder>(data, random);
+        player = std::make_unique<AnimationPlayer>(data, random);
+        shown.clear();
+        QObject::connect(
+            player.get(), &AnimationPlayer::frameShown,
+            [this](int animation, int frame) { shown.emplace_back(animation, frame); });
+        QObject::connect(player.get(), &AnimationPlayer::soundCue,
+                         [this](int sound) { sounds.push_back(sound); });
     }
 
     // Another player showing `frames` frames proves a wait for nothing to happen long enough.
-    bool whileAnotherShows(std::size_t frames)
+    bool whileAnotherShows(int frames)
     {
-        Recorder other(data, random);
-        other.player.play(0, [] {});
-        return QTest::qWaitFor([&] { return other.shown.size() >= frames; }, 5000);
+        AnimationPlayer other(data, random);
+        QSignalSpy otherShown(&other, &AnimationPlayer::frameShown);
+        other.play(0, [] {});
+        return QTest::qWaitFor([&] { return otherShown.size() >= frames; }, 5000);
     }
 
     bool playToEnd(int animation, std::optional<int> stopAt = {})
     {
         bool done = false;
-        rec->player.play(
+        player->play(
             animation, [&done] { done = true; }, stopAt);
         return QTest::qWaitFor([&done] { return done; }, 5000);
     }
@@ -64,20 +63,15 @@ protected:
     bool leave()
     {
         bool done = false;
-        rec->player.leave([&done] { done = true; });
+        player->leave([&done] { done = true; });
         return QTest::qWaitFor([&done] { return done; }, 5000);
-    }
-
-    static acs::Frame step(std::uint16_t duration, std::int16_t exit = -2)
-    {
-        acs::Frame result = frame({{0, 0, 0}}, duration);
-        result.exitFrame = exit;
-        return result;
     }
 
     RandomSource random{42};
     std::shared_ptr<const acs::CharacterData> data;
-    std::unique_ptr<Recorder> rec;
+    std::unique_ptr<AnimationPlayer> player;
+    Shown shown;
+    std::vector<int> sounds;
 };
 
 TEST_F(AnimationPlayerTest, ZeroDurationFramesAreNotShownButBranch)
@@ -88,9 +82,9 @@ TEST_F(AnimationPlayerTest, ZeroDurationFramesAreNotShownButBranch)
     branching.frames[3].sound = 2;
     load({branching});
     ASSERT_TRUE(playToEnd(0));
-    EXPECT_EQ(rec->shown, (Shown{{0, 0}, {0, 3}}));
-    EXPECT_EQ(rec->sounds, std::vector<int>{2});
-    EXPECT_EQ(rec->player.displayedFrame(), 3) << "the last shown frame stays";
+    EXPECT_EQ(shown, (Shown{{0, 0}, {0, 3}}));
+    EXPECT_EQ(sounds, std::vector<int>{2});
+    EXPECT_EQ(player->displayedFrame(), 3) << "the last shown frame stays";
 
     acs::Animation cycle = animation(QStringLiteral("A"), {step(1), step(0)});
     cycle.frames[1].branches = {{1, 100}};
@@ -100,22 +94,22 @@ TEST_F(AnimationPlayerTest, ZeroDurationFramesAreNotShownButBranch)
 
 TEST_F(AnimationPlayerTest, StopsAtTheStopFrame)
 {
-    load({animation(QStringLiteral("A"), std::vector<acs::Frame>(5, step(1)))});
+    load({steps(5)});
     ASSERT_TRUE(playToEnd(0, 1));
-    EXPECT_EQ(rec->shown, (Shown{{0, 0}, {0, 1}}));
+    EXPECT_EQ(shown, (Shown{{0, 0}, {0, 1}}));
     ASSERT_TRUE(whileAnotherShows(5));
-    EXPECT_EQ(rec->shown.size(), 2u) << "the stop frame stays";
+    EXPECT_EQ(shown.size(), 2u) << "the stop frame stays";
 }
 
 TEST_F(AnimationPlayerTest, StopDropsTheContinuation)
 {
-    load({animation(QStringLiteral("A"), {step(1), step(1), step(1)})});
+    load({steps(3)});
     bool done = false;
-    rec->player.play(0, [&done] { done = true; });
-    rec->player.stop();
+    player->play(0, [&done] { done = true; });
+    player->stop();
     ASSERT_TRUE(whileAnotherShows(3));
     EXPECT_FALSE(done);
-    EXPECT_TRUE(rec->shown.empty());
+    EXPECT_TRUE(shown.empty());
 }
 
 TEST_F(AnimationPlayerTest, LeavesALoopThroughItsExitBranches)
@@ -125,20 +119,20 @@ TEST_F(AnimationPlayerTest, LeavesALoopThroughItsExitBranches)
     loop.frames[2].branches = {{0, 100}};
     load({loop});
     bool ended = false;
-    rec->player.play(0, [&ended] { ended = true; });
-    ASSERT_TRUE(QTest::qWaitFor([this] { return rec->shown.size() >= 5; }, 5000));
-    EXPECT_TRUE(rec->player.isLooping());
-    const int from = rec->player.displayedFrame();
-    rec->shown.clear();
+    player->play(0, [&ended] { ended = true; });
+    ASSERT_TRUE(QTest::qWaitFor([this] { return shown.size() >= 5; }, 5000));
+    EXPECT_TRUE(player->isLooping());
+    const int from = player->displayedFrame();
+    shown.clear();
     ASSERT_TRUE(leave());
     Shown expected;
     for (int frame = from - 1; frame >= 0; --frame)
         expected.emplace_back(0, frame);
-    EXPECT_EQ(rec->shown, expected) << "from frame " << from;
+    EXPECT_EQ(shown, expected) << "from frame " << from;
 
-    rec->shown.clear();
+    shown.clear();
     ASSERT_TRUE(whileAnotherShows(5));
-    EXPECT_TRUE(rec->shown.empty()) << "the loop does not resume";
+    EXPECT_TRUE(shown.empty()) << "the loop does not resume";
     EXPECT_FALSE(ended) << "leaving drops the play continuation";
 }
 
@@ -148,9 +142,8 @@ TEST_F(AnimationPlayerTest, AnEndedAnimationIsLeftOnceThroughItsWayBack)
     const acs::Animation explain =
         animation(QStringLiteral("Explain"), {step(1, 3), step(1, 0), step(1, 1), step(0, -1)},
                   acs::Transition::ExitBranches);
-    acs::Animation read =
-        animation(QStringLiteral("Read"), {step(1)}, acs::Transition::ReturnAnimation);
-    read.returnAnimation = QStringLiteral("READRETURN");
+    const acs::Animation read{
+        u"Read"_qs, acs::Transition::ReturnAnimation, u"READRETURN"_qs, {step(1)}};
     const acs::Animation readReturn = animation(QStringLiteral("ReadReturn"), {step(1), step(1)});
     const std::pair<std::vector<acs::Animation>, Shown> cases[] = {
         {{explain}, {{0, 1}, {0, 0}}},
@@ -159,89 +152,64 @@ TEST_F(AnimationPlayerTest, AnEndedAnimationIsLeftOnceThroughItsWayBack)
     for (const auto& [animations, expected] : cases) {
         load(animations);
         ASSERT_TRUE(playToEnd(0));
-        rec->shown.clear();
+        shown.clear();
         ASSERT_TRUE(leave());
-        EXPECT_EQ(rec->shown, expected);
-        rec->shown.clear();
+        EXPECT_EQ(shown, expected);
+        shown.clear();
         ASSERT_TRUE(leave());
-        EXPECT_TRUE(rec->shown.empty()) << "an animation is left only once";
+        EXPECT_TRUE(shown.empty()) << "an animation is left only once";
     }
-}
-
-acs::Animation frames(int count)
-{
-    std::vector<acs::Frame> list(count, frame({{0, 0, 0}}));
-    return animation(QStringLiteral("A"), list);
 }
 
 TEST(FrameSequencerTest, BranchesFollowTheirProbabilities)
 {
-    acs::Animation branching = frames(6);
+    acs::Animation branching = steps(6);
     branching.frames[1].branches = {{4, 30}, {0, 50}};
     RandomSource random(1234);
     std::map<int, int> taken;
     const int draws = 20000;
-    for (int i = 0; i < draws; ++i) {
-        const int next = sequencer::nextFrame(branching, 1, random);
-        ++taken[next];
-    }
+    for (int i = 0; i < draws; ++i)
+        ++taken[sequencer::nextFrame(branching, 1, random)];
     ASSERT_EQ(taken.size(), 3u);
-    EXPECT_NEAR(taken[4] / double(draws), 0.30, 0.015);
-    EXPECT_NEAR(taken[0] / double(draws), 0.50, 0.015);
-    EXPECT_NEAR(taken[2] / double(draws), 0.20, 0.015);
+    for (const auto& [next, share] : {std::pair{4, 0.30}, {0, 0.50}, {2, 0.20}})
+        EXPECT_NEAR(taken[next] / double(draws), share, 0.015) << next;
 }
-
-struct ExitCase {
-    const char* name;
-    std::vector<std::int16_t> exits;
-    int from;
-    std::vector<int> path;
-};
 
 TEST(FrameSequencerTest, ExitPathsEnd)
 {
-    const std::vector<ExitCase> cases = {
+    const std::tuple<const char*, std::vector<std::int16_t>, int, std::vector<int>> cases[] = {
         {"no exit branches: the following frames", {-2, -2, -2, -2}, 1, {2, 3}},
         {"minus one also goes on", {-1, -1, -1}, 0, {1, 2}},
         {"exit to itself ends the path", {-2, 1, -2}, 1, {}},
         {"backwards to a blank end", {4, 0, 1, 2, -1}, 3, {2, 1, 0, 4}},
         {"exit past the end", {7, -2}, 0, {}},
+        {"a cycle is cut off after 3 x 3 steps", {1, 2, 0}, 0, {1, 2, 0, 1, 2, 0, 1, 2, 0}},
     };
-    for (const ExitCase& test : cases) {
-        acs::Animation exiting = frames(int(test.exits.size()));
-        for (std::size_t i = 0; i < test.exits.size(); ++i)
-            exiting.frames[i].exitFrame = test.exits[i];
-        EXPECT_EQ(sequencer::exitPath(exiting, test.from), test.path) << test.name;
+    for (const auto& [name, exits, from, path] : cases) {
+        acs::Animation exiting = steps(int(exits.size()));
+        for (std::size_t i = 0; i < exits.size(); ++i)
+            exiting.frames[i].exitFrame = exits[i];
+        EXPECT_EQ(sequencer::exitPath(exiting, from), path) << name;
     }
-    acs::Animation cycle = frames(3);
-    for (int i = 0; i < 3; ++i)
-        cycle.frames[i].exitFrame = std::int16_t((i + 1) % 3);
-    const std::size_t cut = sequencer::exitPath(cycle, 0).size();
-    EXPECT_TRUE(cut >= 3 && cut <= 9) << "a cycle of exits is cut off: " << cut;
 }
 
 TEST(FrameSequencerTest, TellsLoopingAnimationsAndSpeakingFrames)
 {
-    acs::Animation loop = frames(3);
-    loop.frames[2].branches = {{0, 100}};
-    EXPECT_FALSE(sequencer::endsOnItsOwn(loop));
+    // The last frame's branches: always back, mostly back, a 0 % way out and a sure way back.
+    const std::pair<std::vector<acs::Branch>, bool> loops[] = {
+        {{{0, 100}}, false}, {{{0, 90}}, true}, {{{0, 0}, {1, 100}}, false}};
+    for (const auto& [branches, ends] : loops) {
+        acs::Animation loop = steps(3);
+        loop.frames[2].branches = branches;
+        EXPECT_EQ(sequencer::endsOnItsOwn(loop), ends) << branches.front().probability;
+    }
 
-    acs::Animation mostlyLoop = loop;
-    mostlyLoop.frames[2].branches = {{0, 90}};
-    EXPECT_TRUE(sequencer::endsOnItsOwn(mostlyLoop));
-
-    acs::Animation zeroChance = loop;
-    zeroChance.frames[2].branches = {{0, 0}, {1, 100}};
-    EXPECT_FALSE(sequencer::endsOnItsOwn(zeroChance));
-
-    acs::Animation speaking = frames(5);
+    acs::Animation speaking = steps(5);
     speaking.frames[1].branches = {{3, 100}};
     speaking.frames[2].overlays.resize(1);
     speaking.frames[3].overlays.resize(1);
     EXPECT_EQ(sequencer::speakingFrame(speaking), 3) << "frame 2 is never reached";
     speaking.frames[3].overlays.clear();
     EXPECT_EQ(sequencer::speakingFrame(speaking), 2) << "only stored frame with overlays";
-    EXPECT_EQ(sequencer::speakingFrame(frames(2)), std::nullopt);
+    EXPECT_EQ(sequencer::speakingFrame(steps(2)), std::nullopt);
 }
-
-} // namespace

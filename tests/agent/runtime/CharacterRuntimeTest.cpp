@@ -1,7 +1,6 @@
 #include "agent/runtime/CharacterRuntime.h"
 
 #include "FakeSpeechOutput.h"
-#include "RequestWait.h"
 #include "TestCharacter.h"
 #include "agent/runtime/BalloonWindow.h"
 #include "agent/runtime/CharacterLookup.h"
@@ -16,9 +15,6 @@ using namespace agent;
 using namespace agent::runtime;
 using namespace agent::runtime::testing;
 using Status = platform::AgentRequest;
-
-namespace
-{
 
 class CharacterRuntimeTest : public ::testing::Test
 {
@@ -38,10 +34,7 @@ protected:
         return *runtime_;
     }
 
-    int animation(const char* name) const
-    {
-        return findAnimation(character, QString::fromLatin1(name));
-    }
+    int animation(const char* name) const { return findAnimation(character, QLatin1String(name)); }
 
     QRgb pixel(int x, int y) { return runtime().window().picture().pixel(x, y); }
 
@@ -102,8 +95,7 @@ TEST_F(CharacterRuntimeTest, RequestsWithNothingToDoOrThatCannotRun)
     runtime().show(true);
     requests.push_back(runtime().show(false));
     ASSERT_TRUE(waitFinished(requests.back()));
-    EXPECT_EQ(shown.size(), 1);
-    EXPECT_EQ(hidden.size(), 0);
+    EXPECT_EQ(std::pair(shown.size(), hidden.size()), (std::pair<qsizetype, qsizetype>(1, 0)));
     EXPECT_EQ(pixel(0, 0), rgba(Blue)) << "a fast show puts up the rest pose";
 
     speech.failNext = true;
@@ -126,7 +118,6 @@ TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
 {
     runtime().show(true);
     const platform::Request speak = runtime().speak(QStringLiteral("a b c d e f g h"));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !speech.spoken.isEmpty(); }, 2000));
     const std::set<QRgb> mouth = coloursSeen(5, 5, [&] { return isFinished(speak); });
     EXPECT_TRUE(mouth.count(rgba(Black))) << "the mouth overlay is drawn while speaking";
     EXPECT_EQ(pixel(5, 5), rgba(Blue)) << "and goes when the speech ends";
@@ -136,38 +127,32 @@ TEST_F(CharacterRuntimeTest, SpeechMovesTheMouthAndFillsTheBalloon)
 
 TEST_F(CharacterRuntimeTest, BalloonFollowsTheCharactersStyleFlags)
 {
-    struct Case {
-        const char* name;
-        std::uint32_t flags;
-        bool wholeTextAtOnce;
-        bool staysAfterTheSpeech;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::uint32_t, bool, bool> cases[] = {
         {"paced, hidden after", 0, false, false},
         {"NOAUTOPACE", acs::flags::BalloonNoAutoPace, true, false},
         {"NOAUTOHIDE", acs::flags::BalloonNoAutoHide, false, true},
     };
     const QString text = QStringLiteral("one two three four");
-    for (const Case& test : cases) {
+    for (const auto& [name, flags, wholeTextAtOnce, staysAfterTheSpeech] : cases) {
         // A plain balloon speaking alongside shows when a balloon that stays has waited enough.
         FakeSpeechOutput controlSpeech{5};
         character.flags = 0;
         const auto control = make(controlSpeech);
-        character.flags = test.flags;
+        character.flags = flags;
         runtime_.reset();
         runtime().show(true);
         control->show(true);
         const platform::Request speak = runtime().speak(text);
         control->speak(text);
         ASSERT_TRUE(QTest::qWaitFor([this] { return runtime().balloonVisible(); }, 2000));
-        EXPECT_EQ(runtime().balloon().visibleText() == text, test.wholeTextAtOnce) << test.name;
+        EXPECT_EQ(runtime().balloon().visibleText() == text, wholeTextAtOnce) << name;
         ASSERT_TRUE(waitFinished(speak));
-        if (test.staysAfterTheSpeech) {
+        if (staysAfterTheSpeech) {
             ASSERT_TRUE(QTest::qWaitFor([&] { return !control->balloonVisible(); }, 2000));
-            EXPECT_TRUE(runtime().balloonVisible()) << test.name;
+            EXPECT_TRUE(runtime().balloonVisible()) << name;
         } else {
             EXPECT_TRUE(QTest::qWaitFor([this] { return !runtime().balloonVisible(); }, 2000))
-                << test.name;
+                << name;
         }
     }
 }
@@ -190,16 +175,14 @@ TEST_F(CharacterRuntimeTest, IdlingDeepensLevelByLevel)
     QSignalSpy idle(&runtime(), &CharacterRuntime::idleStarted);
     runtime().setIdleOn(true);
     ASSERT_TRUE(waitFinished(runtime().show(true)));
-    const std::set<QRgb> seen = coloursSeen(0, 0, [&] {
-        return runtime().window().picture().pixel(0, 0) == rgba(Blue) && idle.size() > 0;
-    });
+    const std::set<QRgb> seen =
+        coloursSeen(0, 0, [&] { return pixel(0, 0) == rgba(Blue) && idle.size() > 0; });
     EXPECT_EQ(idle.size(), 1);
     EXPECT_TRUE(seen.count(rgba(Red))) << "level 1";
     EXPECT_TRUE(seen.count(rgba(Green))) << "level 2";
 
     runtime().setIdleOn(false);
-    const platform::Request wave = runtime().play(animation("Wave"));
-    ASSERT_TRUE(waitFinished(wave));
+    ASSERT_TRUE(waitFinished(runtime().play(animation("Wave"))));
     idle.clear();
     const auto control = make(speech);
     QSignalSpy controlIdle(control.get(), &CharacterRuntime::idleStarted);
@@ -219,5 +202,3 @@ TEST_F(CharacterRuntimeTest, MovesSlideThroughTheDirectionAnimation)
     EXPECT_FALSE(seen.count(rgba(Green)));
     EXPECT_EQ(runtime().position(), QPoint(90, 25));
 }
-
-} // namespace

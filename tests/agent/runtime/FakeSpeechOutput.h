@@ -29,7 +29,6 @@ public:
         lastVoice = voice;
         words_ = taggedText.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         shown_ = 0;
-        failing_ = std::exchange(failNext, false);
         timer_.start();
     }
     void stop() override
@@ -42,7 +41,7 @@ public:
     void playSound(std::shared_ptr<const std::vector<qint16>>) override {}
 
     bool available_ = true;
-    // The next utterance ends with finished(false) after its words.
+    // The utterance under way, or the next, ends with finished(false) after its words.
     bool failNext = false;
     QStringList spoken;
     VoiceDefaults lastVoice;
@@ -53,7 +52,7 @@ private:
         if (shown_ >= words_.size()) {
             timer_.stop();
             emit mouthChanged(acs::Mouth::Closed);
-            emit finished(!failing_);
+            emit finished(!std::exchange(failNext, false));
             return;
         }
         ++shown_;
@@ -65,7 +64,6 @@ private:
     QTimer timer_;
     QStringList words_;
     int shown_ = 0;
-    bool failing_ = false;
 };
 
 } // namespace agent::runtime::testing

@@ -9,66 +9,47 @@ using namespace agent;
 using namespace agent::runtime;
 using namespace agent::runtime::testing;
 
-namespace
-{
-
-struct Probe {
-    int x;
-    int y;
-    Colour expected;
-};
-
-struct CompositionCase {
-    const char* name;
-    acs::Frame frame;
-    std::optional<acs::Mouth> mouth;
-    std::vector<Probe> probes;
-};
-
-// Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 is a
-// Green 8x2 image whose left half is transparent, 7 an empty placeholder, 8 a 3x2 image whose
-// top row is Red and bottom row White.
-std::shared_ptr<acs::CharacterData> character()
+// Images 0..4 are full-size Red, Green, Blue, White, Black; 5 is a 4x4 Blue square, 6 an empty
+// placeholder, 7 a 3x2 image whose top row is transparent and bottom row White, 8 a 4x4 Blue
+// square with a byte of its pixel data missing.
+static std::shared_ptr<acs::CharacterData> character()
 {
     auto data = std::make_shared<acs::CharacterData>(blankCharacter(16, 16));
     data->images.push_back(solidImage(4, 4, Blue));
-    data->images.push_back(solidImage(8, 2, Green, true));
-    acs::Image placeholder;
-    placeholder.present = false;
-    data->images.push_back(placeholder);
+    data->images.push_back({false, 0, 0, {}, {}});
     acs::Image rows = solidImage(3, 2, White);
-    for (int x = 0; x < 3; ++x)
-        rows.pixels[rows.stride() + x] = char(Red); // stored second: the top row
+    std::fill_n(rows.pixels.data() + rows.stride(), 3, char(Clear)); // stored second: the top row
     data->images.push_back(rows);
+    data->images.push_back(solidImage(4, 4, Blue));
+    data->images.back().pixels.chop(1);
     return data;
 }
 
-acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
+static acs::Frame withOverlay(acs::Frame frame, acs::Mouth mouth, bool replace)
 {
-    acs::Overlay overlay;
-    overlay.mouth = mouth;
-    overlay.replaceTopImage = replace;
-    overlay.image = 5;
-    overlay.x = 10;
-    overlay.y = 10;
-    frame.overlays.push_back(overlay);
+    frame.overlays.push_back({mouth, replace, 5, 10, 10, 0, 0, {}});
     return frame;
 }
 
 TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
 {
-    const std::vector<CompositionCase> cases = {
+    // Each case: the frame, the mouth drawn and the colours expected at (x, y).
+    using Probes = std::vector<std::tuple<int, int, Colour>>;
+    const std::tuple<const char*, acs::Frame, std::optional<acs::Mouth>, Probes> cases[] = {
         {"negative offsets clip",
          frame({{5, -2, -3}}),
          {},
          {{0, 0, Blue}, {1, 0, Blue}, {2, 0, Clear}, {0, 1, Clear}}},
         {"clipped at the far edge", frame({{5, 14, 14}}), {}, {{15, 15, Blue}, {13, 13, Clear}}},
-        {"transparent pixels show the layer below",
-         frame({{6, 0, 0}, {0, 0, 0}}),
-         {},
-         {{1, 0, Red}, {5, 1, Green}}},
         {"unknown image index is skipped", frame({{99, 0, 0}, {5, 0, 0}}), {}, {{0, 0, Blue}}},
-        {"rows are stored bottom-up", frame({{8, 0, 0}}), {}, {{0, 0, Red}, {2, 1, White}}},
+        {"placeholders and short pixel data draw nothing",
+         frame({{6, 0, 0}, {8, 0, 0}, {0, 0, 0}}),
+         {},
+         {{0, 0, Red}}},
+        {"rows are stored bottom-up, transparent pixels show the layer below",
+         frame({{7, 0, 0}, {0, 0, 0}}),
+         {},
+         {{0, 0, Red}, {2, 1, White}, {5, 1, Red}}},
         {"overlay of the mouth drawn last",
          withOverlay(frame({{1, 0, 0}}), acs::Mouth::OpenWide2, false),
          acs::Mouth::OpenWide2,
@@ -87,23 +68,10 @@ TEST(FrameRendererTest, ComposesLayersOffsetsTransparencyAndOverlays)
          {{0, 0, Red}, {10, 10, Blue}}},
     };
     const FrameRenderer renderer(character());
-    for (const CompositionCase& test : cases) {
-        const QImage picture = renderer.render(test.frame, test.mouth);
-        ASSERT_EQ(picture.size(), QSize(16, 16)) << test.name;
-        for (const Probe& probe : test.probes)
-            EXPECT_EQ(picture.pixel(probe.x, probe.y), rgba(probe.expected))
-                << test.name << " at " << probe.x << "," << probe.y;
+    for (const auto& [name, frame, mouth, probes] : cases) {
+        const QImage picture = renderer.render(frame, mouth);
+        ASSERT_EQ(picture.size(), QSize(16, 16)) << name;
+        for (const auto& [x, y, expected] : probes)
+            EXPECT_EQ(picture.pixel(x, y), rgba(expected)) << name << " at " << x << "," << y;
     }
 }
-
-TEST(FrameRendererTest, ShortPixelDataAndPlaceholdersDrawNothing)
-{
-    auto data = character();
-    data->images[6].pixels.chop(1);
-    const FrameRenderer renderer(data);
-    EXPECT_TRUE(renderer.image(7).isNull());
-    EXPECT_TRUE(renderer.image(6).isNull());
-    EXPECT_EQ(renderer.render(frame({{6, 0, 0}})).pixel(7, 0), rgba(Clear));
-}
-
-} // namespace
