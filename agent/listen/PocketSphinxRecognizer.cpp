@@ -1,11 +1,11 @@
 #include "agent/listen/PocketSphinxRecognizer.h"
 
+#include "agent/EngineSettings.h"
 #include "agent/listen/ListeningTip.h"
 #include "agent/listen/SpeechInputSettings.h"
 #include "agent/listen/SpeechPage.h"
 #include "agent/listen/SphinxDecoder.h"
 #include "agent/listen/WavFile.h"
-#include "agent/EngineSettings.h"
 #include "platform/RuntimeError.h"
 
 namespace agent::listen

@@ -30,8 +30,7 @@ void BalloonProgress::word(int position, int length, qint64 sample)
     const qsizetype first = std::clamp<qsizetype>(position - 1, 0, last);
     const qsizetype end = std::clamp<qsizetype>(first + length, 0, last);
     const qsizetype start = codePointStarts_[first];
-    shown_ =
-        std::max(shown_, plan_.shownEndAfterWord(*run_, start, codePointStarts_[end] - start));
+    shown_ = std::max(shown_, plan_.shownEndAfterWord(*run_, start, codePointStarts_[end] - start));
     marks_.add(runStart_ + sample, shown_);
 }
 

@@ -70,7 +70,7 @@ bool EspeakWorker::initialise()
     espeak_Info(&dataPath);
     const QString variants = QString::fromLocal8Bit(dataPath) + QStringLiteral("/voices/!v/");
     whisperInstalled_ = dataPath && QFileInfo::exists(variants + QStringLiteral("whisper")) &&
-                         QFileInfo::exists(variants + QStringLiteral("whisperf"));
+                        QFileInfo::exists(variants + QStringLiteral("whisperf"));
     return useVoice("en-us");
 }
 
