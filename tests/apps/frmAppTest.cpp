@@ -5,13 +5,13 @@
 #include "apps/LoadApps.h"
 #include "fakes/Accessibility.h"
 #include "fakes/CharacterFixture.h"
+#include "fakes/ItemTexts.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -23,14 +23,6 @@ namespace
 {
 
 using platform::BoxAnswer;
-
-QStringList lines(const QListWidget* list)
-{
-    QStringList texts;
-    for (int i = 0; i < list->count(); ++i)
-        texts << list->item(i)->text();
-    return texts;
-}
 
 void type(QLineEdit* box, const QString& text)
 {
@@ -209,7 +201,7 @@ TEST_F(frmAppTest, AddedAppsReachTheFileAndTheCommandsAndComeBack)
     file.close();
     fp.agent->calls.clear();
     open([&](frmApp& f) {
-        EXPECT_EQ(lines(f.List1), QStringList({"Mail", "Music"}));
+        EXPECT_EQ(ItemTexts(f.List1), QStringList({"Mail", "Music"}));
         EXPECT_EQ(f.txtVoice->text(), "Read my mail");
         EXPECT_FALSE(f.cmdUp->isEnabled());
         f.List1->setCurrentRow(1);
@@ -242,7 +234,7 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
             EXPECT_EQ(fp.dialogs.titles(), QStringList(c.refusal.isEmpty() ? 0 : 1, c.refusal));
             EXPECT_EQ(f.AppCount(), before + int(c.refusal.isEmpty()));
         }
-        EXPECT_EQ(lines(f.List1), QStringList({"Word", "word"}));
+        EXPECT_EQ(ItemTexts(f.List1), QStringList({"Word", "word"}));
         EXPECT_EQ(fp.dialogs.boxes,
                   (std::vector<fakes::Box>{
                       {platform::BoxIcon::Warning, platform::BoxButtons::OK, missing,
@@ -259,7 +251,7 @@ TEST_F(frmAppTest, MissingFieldsAndTakenTitlesOrVoicesAreRefused)
         type(f.txtVoice, "Say it");
         type(f.txtName, "Words");
         click(f.cmdChange);
-        EXPECT_EQ(lines(f.List1), QStringList({"Words", "word"}));
+        EXPECT_EQ(ItemTexts(f.List1), QStringList({"Words", "word"}));
         EXPECT_EQ(f.AppList.at(0).Voice, "Say it");
     });
 }
@@ -283,13 +275,13 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesT
 
         f.List1->setCurrentRow(0);
         del(f, BoxAnswer::Yes);
-        EXPECT_EQ(lines(f.List1), QStringList({"B", "C"}));
+        EXPECT_EQ(ItemTexts(f.List1), QStringList({"B", "C"}));
         EXPECT_EQ(std::pair(f.List1->currentRow(), f.txtName->text()), std::pair(0, QString("B")));
 
         // The routines refuse at the ends as the buttons do.
         f.cmdUp_Click();
         click(f.cmdDown);
-        EXPECT_EQ(lines(f.List1), QStringList({"C", "B"}));
+        EXPECT_EQ(ItemTexts(f.List1), QStringList({"C", "B"}));
         EXPECT_EQ(f.AppList.at(1).Title, "B");
         f.cmdDown_Click();
         click(f.cmdUp);
@@ -303,7 +295,7 @@ TEST_F(frmAppTest, DeletingAndMovingKeepASensibleSelectionAndDeletingAllRemovesT
         EXPECT_EQ(f.txtName->text(), "C");
         type(f.txtVoice, "new voice");
         click(f.cmdAdd);
-        EXPECT_EQ(lines(f.List1), QStringList{"C"});
+        EXPECT_EQ(ItemTexts(f.List1), QStringList{"C"});
         f.List1->setCurrentRow(0);
         del(f, BoxAnswer::Yes);
         click(f.cmdClose);

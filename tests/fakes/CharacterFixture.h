@@ -2,14 +2,6 @@
 
 #include "fakes/LoadedProgram.h"
 
-#include <QString>
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
 // The loaded program with its character visible and voice tags set, as after start-up.
 struct CharacterFixture : fakes::LoadedProgram {
     // What SayText puts before every text with the whisper box clear.

@@ -13,6 +13,12 @@
 #include <ostream>
 #include <vector>
 
+// Texts in failure messages as text, not as bytes.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
 // Test doubles for every platform interface, bundled as one Platform.
 namespace fakes
 {
@@ -115,8 +121,21 @@ struct Box {
 
 inline void PrintTo(const Box& box, std::ostream* out)
 {
-    *out << '{' << int(box.icon) << ", " << int(box.buttons) << ", \"" << box.title.toStdString()
-         << "\", \"" << box.text.toStdString() << "\"}";
+    *out << '{' << int(box.icon) << ", " << int(box.buttons) << ", ";
+    PrintTo(box.title, out);
+    *out << ", ";
+    PrintTo(box.text, out);
+    *out << '}';
+}
+
+// The first of the queue, taken off it; `none` when the queue is empty.
+template <typename T> T takeFront(std::deque<T>& queue, T none)
+{
+    if (queue.empty())
+        return none;
+    T first = std::move(queue.front());
+    queue.pop_front();
+    return first;
 }
 
 struct FakeDialogs : platform::Dialogs {
@@ -126,21 +145,13 @@ struct FakeDialogs : platform::Dialogs {
         boxes.push_back({icon, buttons, title, text});
         if (onBox)
             onBox(boxes.back());
-        if (answers.empty())
-            return platform::BoxAnswer::OK;
-        const platform::BoxAnswer answer = answers.front();
-        answers.pop_front();
-        return answer;
+        return takeFront(answers, platform::BoxAnswer::OK);
     }
     void Beep() override { ++beeps; }
     QString OpenFile(const platform::OpenFileRequest& request) override
     {
         fileRequests.push_back(request);
-        if (files.empty())
-            return {};
-        const QString file = files.front();
-        files.pop_front();
-        return file;
+        return takeFront(files, QString());
     }
 
     std::vector<Box> boxes;

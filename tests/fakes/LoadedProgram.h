@@ -20,6 +20,8 @@ struct ProgramWindow {
     }
 
     frmMain& form() { return *app.MainForm; }
+    // The character "G", once loaded.
+    FakeCharacter& character() { return *fp.agent->character(); }
 
     FakePlatform fp;
     App app{fp.platform};
@@ -33,8 +35,6 @@ struct LoadedProgram : ProgramWindow {
         app.Character = &fp.agent->characters.Character(CharacterId);
         fp.agent->calls.clear();
     }
-
-    FakeCharacter& character() { return *fp.agent->character(); }
 };
 
 } // namespace fakes

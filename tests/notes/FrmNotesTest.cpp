@@ -1,6 +1,7 @@
 #include "notes/frmNotes.h"
 
 #include "core/frmMain.h"
+#include "fakes/ItemTexts.h"
 #include "notes/NotesFixture.h"
 
 #include <QAbstractItemView>
@@ -12,7 +13,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -94,14 +94,6 @@ void clickEntry(QListWidget* list, int row)
 {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(row)).center());
-}
-
-QStringList entries(const QListWidget* list)
-{
-    QStringList texts;
-    for (int i = 0; i < list->count(); ++i)
-        texts << list->item(i)->text();
-    return texts;
 }
 
 class FrmNotesTest : public NotesFixture
@@ -210,7 +202,7 @@ TEST_F(FrmNotesTest, ThreeKindsMadeThroughTheControlsAreStoredFieldByFieldAndCom
     }
 
     session([&](frmNotes& f) {
-        EXPECT_EQ(entries(f.List1), (QStringList{"Dentist", "Gym", "Birthday"}));
+        EXPECT_EQ(ItemTexts(f.List1), (QStringList{"Dentist", "Gym", "Birthday"}));
         for (int i : {0, 1, 2}) {
             clickEntry(f.List1, i);
             EXPECT_EQ(shown(f), notes[i].shown);
@@ -248,7 +240,7 @@ TEST_F(FrmNotesTest, NamesAreComparedTrimmedAndExactly)
             (step.change ? f.cmdChange : f.cmdNew)->click();
             const fakes::Box box = {BoxIcon::Warning, BoxButtons::OK, step.title, step.text};
             EXPECT_EQ(fp.dialogs.boxes, std::vector(step.title.isNull() ? 0 : 1, box));
-            EXPECT_EQ(entries(f.List1), step.list);
+            EXPECT_EQ(ItemTexts(f.List1), step.list);
         }
         EXPECT_EQ(f.WorkingNotes[3].NoteName, QStringLiteral("Oat milk"));
         QTest::mouseMove(f.List1->viewport(), f.List1->visualItemRect(f.List1->item(0)).center());
@@ -277,7 +269,7 @@ TEST_F(FrmNotesTest, RemovingSelectsTheNoteBeforeAndRemovingAllLeavesNoFile)
             clickEntry(f.List1, step.row);
             fp.dialogs.answers = {step.answer};
             f.cmdDel->click();
-            EXPECT_EQ(entries(f.List1), step.list);
+            EXPECT_EQ(ItemTexts(f.List1), step.list);
             EXPECT_EQ(f.txtName->text(), step.selected);
             EXPECT_EQ(int(f.WorkingNotes.size()), step.list.size() + 1);
         }

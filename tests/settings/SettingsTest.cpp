@@ -31,6 +31,11 @@ fakes::Box Error(const QString& title, const QString& text)
     return {platform::BoxIcon::Critical, platform::BoxButtons::OK, title, text};
 }
 
+QString Stored(const fakes::FakePlatform& fp, const QString& name)
+{
+    return fp.store.value(name).value_or("<missing>");
+}
+
 // The main window after start-up with the character Pip loaded from the store, its command
 // list built and one application on it.
 struct frmOptionsTest : ::testing::Test, fakes::ProgramWindow {
@@ -45,9 +50,6 @@ struct frmOptionsTest : ::testing::Test, fakes::ProgramWindow {
         fp.agent->calls.clear();
         fp.store.writes.clear();
     }
-
-    fakes::FakeCharacter& character() { return *fp.agent->character(); }
-    QString stored(const char* name) const { return fp.store.value(name).value_or("<missing>"); }
 
     // Opens the dialog on a tab; act runs while it is up, as the user would, and Cancel closes
     // what act leaves open.
@@ -188,7 +190,7 @@ TEST_F(frmOptionsTest, OkStoresOneChangeOnEachTabInItsFormAndCancelNothing)
         {"ReminderText", " "}, {"SaveSettings", "True"},
         {"Animate", "0"},      {"TimeCmd", "Tell me the time"}};
     for (const auto& [name, value] : values)
-        EXPECT_EQ(stored(name), value) << name;
+        EXPECT_EQ(Stored(fp, name), value) << name;
     EXPECT_EQ(character().Commands().Command("Time").Voice(), "Tell me the time");
     EXPECT_FALSE(character().Commands().Command("Notes").Enabled());
     EXPECT_TRUE(character().Commands().Visible());
@@ -241,7 +243,7 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
         });
         EXPECT_EQ(fp.agent->calls.filter(QRegularExpression("^(Show|Hide|Play|Load|Unload)")),
                   calls);
-        EXPECT_EQ(stored("Animate"), animate);
+        EXPECT_EQ(Stored(fp, "Animate"), animate);
         EXPECT_EQ(app.AnimateRead, animate);
         if (path == broken) {
             EXPECT_TRUE(
@@ -249,7 +251,7 @@ TEST_F(frmOptionsTest, OkAppliesTheCharacterAndTriesTheReadingAnimation)
             continue;
         }
         EXPECT_EQ(fp.dialogs.boxes, boxes);
-        EXPECT_EQ(stored("Character"), path);
+        EXPECT_EQ(Stored(fp, "Character"), path);
         EXPECT_TRUE(fp.agent->calls.contains("Commands.RemoveAll()"));
         // The applications are back at the end of the rebuilt list.
         const auto& commands = character().Commands();
@@ -325,7 +327,6 @@ struct SettingsRun : fakes::ProgramWindow {
             fp.store.setValue(name, value);
         LoadSettings(app);
     }
-    QString stored(const QString& name) const { return fp.store.value(name).value_or("<missing>"); }
     QString tags() const { return app.PitchTag + app.SpeedTag + app.VolumeTag; }
 };
 
@@ -355,14 +356,14 @@ TEST(LoadSettingsTest, WindowPositionOffTheScreenIsCentredAndReplaced)
         const int top = t.app.MainForm->TopTwips();
         if (centred) {
             EXPECT_NEAR(top, (t.fp.screen.Height() - t.app.MainForm->HeightTwips()) / 2, 15);
-            EXPECT_EQ(t.stored("WinY"), QString::number(top));
+            EXPECT_EQ(Stored(t.fp, "WinY"), QString::number(top));
         } else {
             EXPECT_NEAR(top, 300, 15);
-            EXPECT_EQ(t.stored("WinY"), *winY) << "rewritten";
+            EXPECT_EQ(Stored(t.fp, "WinY"), *winY) << "rewritten";
         }
     }
     const SettingsRun t({{"WinX", "20000"}, {"WinY", "600"}});
-    EXPECT_EQ(t.stored("WinX"), QString::number(t.app.MainForm->LeftTwips()));
+    EXPECT_EQ(Stored(t.fp, "WinX"), QString::number(t.app.MainForm->LeftTwips()));
     EXPECT_GT(t.app.MainForm->LeftTwips(), 0);
     EXPECT_LT(t.app.MainForm->LeftTwips(), t.fp.screen.Width() / 2);
 }
@@ -377,7 +378,7 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
         {"IgnoreText1", "*"},     {"Animate", "0"},
         {"Top", "False"},         {"StartMinimized", "1"}};
     for (const auto& [name, value] : defaults)
-        EXPECT_EQ(t.stored(name), value) << name.toStdString();
+        EXPECT_EQ(Stored(t.fp, name), value) << name.toStdString();
     const frmMain& d = *t.app.MainForm;
     EXPECT_EQ(std::tuple(d.mnuFileSave->isChecked(), d.mnuViewVoice->isChecked(),
                          d.chkIgnore->isChecked(), d.txtIgnore->isEnabled()),
@@ -409,8 +410,8 @@ TEST(LoadSettingsTest, DefaultsAreStoredAndEachValueIsApplied)
     const frmMain& g = *some.app.MainForm;
     EXPECT_EQ(QList({g.sdrPitch->value(), g.sdrSpeed->value(), g.sdrVolume->value()}),
               QList({120, 160, 3000}));
-    EXPECT_EQ(some.stored("Pitch"), "200");
-    EXPECT_EQ(some.stored("Speed"), "160");
+    EXPECT_EQ(Stored(some.fp, "Pitch"), "200");
+    EXPECT_EQ(Stored(some.fp, "Speed"), "160");
     EXPECT_EQ(some.tags(), R"(\pit=120\\spd=160\\vol=3000\)");
 }
 

@@ -183,10 +183,10 @@ TEST_F(AgentEngineTest, SpeechFlagsAndThePropertySheet)
     EngineSettings::shared().setSpeechOutputEnabled(false);
     EXPECT_FALSE(engine->AudioOutputEnabled()) << "the user's switch";
     EngineSettings::shared().setSpeechOutputEnabled(true);
-    speech->available_ = false;
+    speech->isAvailable = false;
     EXPECT_FALSE(engine->AudioOutputEnabled());
     EXPECT_TRUE(engine->SpeechInputInstalled());
-    recognizer->installed_ = false;
+    recognizer->isInstalled = false;
     EXPECT_FALSE(engine->SpeechInputInstalled());
     EXPECT_FALSE(engine->SpeechInputEnabled());
 

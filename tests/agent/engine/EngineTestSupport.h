@@ -20,12 +20,12 @@ class FakeRecognizer : public SpeechRecognizer
     Q_OBJECT
 public:
     // Installed and switched on, or neither.
-    bool installed() const override { return installed_; }
-    bool enabled() const override { return installed_; }
+    bool installed() const override { return isInstalled; }
+    bool enabled() const override { return isInstalled; }
     void setPhrases(const std::vector<VoicePhrase>& list) override { phrases = list; }
     QWidget* createSettingsPage() override { return settingsPage = new QWidget; }
 
-    bool installed_ = true;
+    bool isInstalled = true;
     std::vector<VoicePhrase> phrases;
     QWidget* settingsPage = nullptr;
 };

@@ -21,7 +21,7 @@ public:
         connect(&timer_, &QTimer::timeout, this, &FakeSpeechOutput::nextWord);
     }
 
-    bool available() const override { return available_; }
+    bool available() const override { return isAvailable; }
     void speak(const QString& taggedText, const VoiceDefaults& voice) override
     {
         stop();
@@ -40,7 +40,7 @@ public:
     }
     void playSound(std::shared_ptr<const std::vector<qint16>>) override {}
 
-    bool available_ = true;
+    bool isAvailable = true;
     // The utterance under way, or the next, ends with finished(false) after its words.
     bool failNext = false;
     QStringList spoken;
